@@ -1,0 +1,70 @@
+// Calls by name beside calls by slot.
+#include "contract/environment.h"
+#include "figures.h"
+#include "module/environment.h"
+
+namespace ov::bench {
+
+namespace {
+
+constexpr int kCalls = 1000;
+
+class Callee {
+public:
+    Callee() {
+        mEnvironment->let_VariableNoEvent(mKey, Variant(std::int32_t{5}));
+        benchmark::DoNotOptimize(mSlots);
+        benchmark::DoNotOptimize(mNames);
+    }
+
+    Variant BySlot() { return mSlots->get_Variable(mKey); }
+    Variant ByName() { return ByNumber(mNames->GetIDsOfNames(u"Variable")); }
+    Variant ByNumber(DispId id) {
+        Variant argument(mKey);
+        Arguments arguments{{&argument, 1}};
+        return mNames->Invoke(id, CallKind::Get, arguments);
+    }
+    DispId Number() { return mNames->GetIDsOfNames(u"Variable"); }
+
+private:
+    Ref<Environment> mEnvironment = MakeObject<Environment>();
+    CBase_Environment* mSlots = mEnvironment.get();
+    IDispatch* mNames = mEnvironment->Dispatch();
+    Text mKey = u"USER_NAME";
+};
+
+template <class Call>
+auto Repeated(Call call) {
+    return [call] {
+        std::int32_t sum = 0;
+        for (int i = 0; i < kCalls; ++i) {
+            Variant result = call();
+            benchmark::DoNotOptimize(result);
+            sum += result.AsLong();
+        }
+        return sum;
+    };
+}
+
+// ENV.Variable("USER_NAME") with name look-up and call, as a call site does that sees an object for the first time.
+void CallByNameBesideSlot(benchmark::State& state) {
+    Callee callee;
+    const DispId id = callee.Number();
+    Compare(state, 10, Repeated([&] { return callee.ByName(); }), Repeated([&] { return callee.BySlot(); }),
+            AlsoBeside{"ratio_to_invoke", Repeated([&, id] { return callee.ByNumber(id); })});
+    state.SetItemsProcessed(state.iterations() * kCalls);
+}
+BENCHMARK(CallByNameBesideSlot)->UseManualTime();
+
+// The same once the call site knows the member's number.
+void CallByNumberBesideSlot(benchmark::State& state) {
+    Callee callee;
+    const DispId id = callee.Number();
+    Compare(state, 10, Repeated([&, id] { return callee.ByNumber(id); }), Repeated([&] { return callee.BySlot(); }));
+    state.SetItemsProcessed(state.iterations() * kCalls);
+}
+BENCHMARK(CallByNumberBesideSlot)->UseManualTime();
+
+}  // namespace
+
+}  // namespace ov::bench

@@ -1,0 +1,31 @@
+# The libraries that are installed, and how other projects find them.
+include(CMakePackageConfigHelpers)
+
+add_library(ov_model SHARED)
+target_link_libraries(ov_model PRIVATE ov_model_core)
+set_target_properties(ov_model PROPERTIES
+  VERSION ${PROJECT_VERSION}
+  SOVERSION ${PROJECT_VERSION_MAJOR}
+  RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}"
+  LIBRARY_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}")
+
+add_library(ov_model_contract STATIC $<TARGET_OBJECTS:ov_model_contract_objects>)
+set_target_properties(ov_model_contract PROPERTIES ARCHIVE_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}")
+
+install(TARGETS ov_model LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
+install(TARGETS ov_model_contract ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
+foreach(folder contract platform/automation platform/locale)
+  install(DIRECTORY "${PROJECT_SOURCE_DIR}/src/${folder}" DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/ov_model/${folder}/.."
+          FILES_MATCHING PATTERN "*.h")
+endforeach()
+install(FILES "${PROJECT_SOURCE_DIR}/src/platform/store/store.h"
+        DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/ov_model/platform/store)
+
+configure_package_config_file("${PROJECT_SOURCE_DIR}/cmake/OV_ModelConfig.cmake.in"
+  "${CMAKE_BINARY_DIR}/OV_ModelConfig.cmake" INSTALL_DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/OV_Model
+  PATH_VARS CMAKE_INSTALL_LIBDIR CMAKE_INSTALL_INCLUDEDIR)
+write_basic_package_version_file("${CMAKE_BINARY_DIR}/OV_ModelConfigVersion.cmake" COMPATIBILITY SameMajorVersion)
+install(FILES "${CMAKE_BINARY_DIR}/OV_ModelConfig.cmake" "${CMAKE_BINARY_DIR}/OV_ModelConfigVersion.cmake"
+        DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/OV_Model)
+configure_file("${PROJECT_SOURCE_DIR}/cmake/ov_model.pc.in" "${CMAKE_BINARY_DIR}/ov_model.pc" @ONLY)
+install(FILES "${CMAKE_BINARY_DIR}/ov_model.pc" DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)

@@ -1,0 +1,18 @@
+#!/usr/bin/env bash
+# Packs the sample descriptor and shows what the library makes of it.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+ovmodel=build/release/ovmodel
+database=examples/tt200/tt200.db
+
+step() { printf '\n\033[1m$ %s\033[0m\n' "$*"; }
+run() {
+    step "$@"
+    "$@"
+}
+
+run "$ovmodel" pack examples/tt200/tt200.sql -o "$database" --force
+run "$ovmodel" types "$database"
+run "$ovmodel" info "$database" "TT200 HART" --language 9
+run "$ovmodel" text "$database" 2101
+run "$ovmodel" text "$database" 7101

@@ -1,0 +1,59 @@
+#include "module/class_factory.h"
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+
+#include "contract/block.h"
+#include "contract/group.h"
+#include "module/environment.h"
+#include "module/module.h"
+#include "module/unload_pointer.h"
+#include "tree/typed_collection.h"
+
+namespace ov {
+
+namespace {
+
+struct Maker {
+    std::string_view name;
+    IDispatch* (*make)();
+};
+
+template <class T>
+constexpr Maker MakerOf() {
+    return {T::kClassName, []() -> IDispatch* { return MakeObject<T>().Detach()->Dispatch(); }};
+}
+
+constexpr std::array kMakers = {
+    MakerOf<Module>(),
+    MakerOf<Environment>(),
+    MakerOf<UnloadPointer>(),
+    MakerOf<TypedList<IBase_GuiModule>>(),
+    MakerOf<TypedList<IBase_GuiChannel>>(),
+    MakerOf<TypedList<IBase_GuiBlock>>(),
+    MakerOf<TypedList<IBase_GuiGroup>>(),
+    MakerOf<TypedList<IBase_GuiParameter>>(),
+    MakerOf<TypedList<IBase_SpecModule>>(),
+    MakerOf<TypedList<IBase_SpecChannel>>(),
+    MakerOf<TypedList<IBase_SpecGroup>>(),
+    MakerOf<TypedList<IBase_SpecParameter>>(),
+};
+
+const Maker* FindMaker(const ClassDescription& description) {
+    const auto at = std::ranges::find(kMakers, description.name, &Maker::name);
+    return at == kMakers.end() ? nullptr : &*at;
+}
+
+}  // namespace
+
+Ref<IDispatch> MakeObjectOfClass(const ClassDescription& description) {
+    const Maker* maker = FindMaker(description);
+    return maker ? Ref<IDispatch>::Adopt(maker->make()) : nullptr;
+}
+
+bool IsCreatable(const ClassDescription& description) {
+    return FindMaker(description) != nullptr;
+}
+
+}  // namespace ov

@@ -1,0 +1,255 @@
+// The module's faces: what it answers for itself and for its channels, its listeners, clones and comparison.
+#include "module/module.h"
+
+#include <array>
+
+#include "contract/group.h"
+#include "descriptor/parameter_kind.h"
+#include "descriptor/row_collection.h"
+#include "platform/automation/conversions.h"
+#include "platform/system/file_system.h"
+#include "support/diagnostics.h"
+
+namespace ov {
+
+namespace {
+
+// The ids of a path of three calls such as CH("c").G("g").P("p"); the path is parsed, not run.
+std::vector<Text> IdsOfPath(std::u16string_view path) {
+    constexpr std::u16string_view kCall = u"(\"";
+    std::vector<Text> ids;
+    for (std::size_t at = path.find(kCall); at != std::u16string_view::npos && ids.size() < 3;) {
+        at += kCall.size();
+        // The last piece runs to the end of the path, further calls included.
+        const std::size_t next = ids.size() == 2 ? std::u16string_view::npos : path.find(kCall, at);
+        std::u16string_view piece = path.substr(at, next == std::u16string_view::npos ? next : next - at);
+        ids.emplace_back(piece.substr(0, piece.find(u'"')));
+        at = next;
+    }
+    return ids;
+}
+
+}  // namespace
+
+template <class Fold>
+void Module::ForEachChannel(Fold fold) {
+    if (const Ref<TypedList<IBase_GuiChannel>> channels = mGuiChannels) channels->ForEach(fold);
+}
+
+Text Module::name() {
+    return mNameTextIdx >= 1 ? GetTranslatedText(mNameTextIdx) : mName;
+}
+
+Text Module::description() {
+    try {
+        return mDesc ? GetTranslatedText(ToLong(NullToDefault(mDesc->Get(u"description"), Variant(0)))) : Text();
+    } catch (const RuntimeError&) {
+        return Text();
+    }
+}
+
+Text Module::deviceHelpFile() {
+    try {
+        return mDesc ? GetIndexedFile(ToLong(NullToDefault(mDesc->Get(u"deviceHelpFile"), Variant(0)))) : Text();
+    } catch (const RuntimeError&) {
+        return Text();
+    }
+}
+
+bool Module::authentification() {
+    try {
+        return mDesc && ToBoolean(mDesc->Get(u"authentification"));
+    } catch (const RuntimeError&) {
+        return false;
+    }
+}
+
+Ref<CBase_GuiChannelCollection> Module::GuiChannels() {
+    return LoadChannels() ? Ref<CBase_GuiChannelCollection>(mGuiChannels) : nullptr;
+}
+
+Ref<CBase_SpecChannelCollection> Module::SpecChannels() {
+    return LoadChannels() ? Ref<CBase_SpecChannelCollection>(mSpecChannels) : nullptr;
+}
+
+bool Module::consistent(std::optional<eParameterKind> kind) {
+    if (!LoadChannels()) return false;
+    bool all = true;
+    ForEachChannel([&](IBase_GuiChannel& channel) { return all = channel.consistent(kind); });
+    return all;
+}
+
+bool Module::modified(std::optional<eParameterKind> kind) {
+    bool any = false;
+    ForEachChannel([&](IBase_GuiChannel& channel) { return !(any = channel.modified(kind)); });
+    return any;
+}
+
+bool Module::unknown(std::optional<eParameterKind> kind) {
+    bool any = false;
+    ForEachChannel([&](IBase_GuiChannel& channel) { return !(any = channel.unknown(kind)); });
+    return any;
+}
+
+void Module::ClearModified(std::optional<eParameterKind> kind) {
+    ForEachChannel([&](IBase_GuiChannel& channel) { return channel.ClearModified(kind), true; });
+}
+
+void Module::SetUnknown(std::optional<eParameterKind> kind) {
+    ForEachChannel([&](IBase_GuiChannel& channel) { return channel.SetUnknown(kind), true; });
+}
+
+void Module::ClearUnknown(std::optional<eParameterKind> kind) {
+    if (LoadChannels()) ForEachChannel([&](IBase_GuiChannel& channel) { return channel.ClearUnknown(kind), true; });
+}
+
+void Module::ResetValue(std::optional<eParameterKind> kind) {
+    if (LoadChannels()) ForEachChannel([&](IBase_GuiChannel& channel) { return channel.ResetValue(kind), true; });
+}
+
+void Module::LockDataset(std::optional<eParameterKind> kind) {
+    if (LoadChannels()) ForEachChannel([&](IBase_GuiChannel& channel) { return channel.LockDataset(kind), true; });
+}
+
+void Module::UnlockDataset(std::optional<eParameterKind> kind) {
+    if (LoadChannels()) ForEachChannel([&](IBase_GuiChannel& channel) { return channel.UnlockDataset(kind), true; });
+}
+
+Ref<IBase_GuiParameter> Module::mainValue() {
+    if (mMainValue) return mMainValue;
+    if (!LoadChannels()) return nullptr;
+    const std::vector<Text> ids = IdsOfPath(mMainValuePath);
+    if (ids.size() != 3) return nullptr;
+    try {
+        const auto channel = mSpecChannels->get_Item(ids[0]);
+        const auto group = channel ? channel->groups()->get_Item(ids[1]) : nullptr;
+        const auto parameter = group ? group->parameters()->get_Item(ids[2]) : nullptr;
+        mMainValue = facet<IBase_GuiParameter>(parameter);
+    } catch (const RuntimeError&) {
+        // A miss is asked again next time.
+    }
+    return mMainValue;
+}
+
+void Module::RegisterCallback(IDispatch* cb) {
+    if (auto listener = CastListener<IBase_CallbackParameter>(cb)) mParameterCallbacks.Add(std::move(listener));
+    RegisterModuleCallbackOnly(cb);
+}
+
+void Module::RegisterModuleCallbackOnly(IDispatch* cb) {
+    if (auto listener = CastListener<IBase_CallbackModule>(cb)) mModuleCallbacks.Add(std::move(listener));
+}
+
+void Module::UnregisterCallback(IDispatch* cb) {
+    mParameterCallbacks.Remove(cb);
+    mModuleCallbacks.Remove(cb);
+}
+
+void Module::OnParameterReconfigured(IBase_GuiParameter* p) {
+    mParameterCallbacks.Tell([p](IBase_CallbackParameter& listener) { listener.OnParameterReconfigured(p); });
+    if (const auto station = facet<IBase_CallbackParameter>(mStation)) station->OnParameterReconfigured(p);
+}
+
+void Module::OnParameterStateChanged(IBase_GuiParameter* p) {
+    mParameterCallbacks.Tell([p](IBase_CallbackParameter& listener) { listener.OnParameterStateChanged(p); });
+    if (const auto station = facet<IBase_CallbackParameter>(mStation)) station->OnParameterStateChanged(p);
+}
+
+void Module::OnParameterValueChanged(IBase_GuiParameter* p) {
+    mParameterCallbacks.Tell([p](IBase_CallbackParameter& listener) { listener.OnParameterValueChanged(p); });
+    if (const auto station = facet<IBase_CallbackParameter>(mStation)) station->OnParameterValueChanged(p);
+}
+
+void Module::OnParameterConfigStateChanged(IBase_GuiParameter* p) {
+    mParameterCallbacks.Tell([p](IBase_CallbackParameter& listener) { listener.OnParameterConfigStateChanged(p); });
+    if (const auto station = facet<IBase_CallbackParameter>(mStation)) station->OnParameterConfigStateChanged(p);
+}
+
+void Module::mEnvironment_Changed(const Text& key, const Variant& value) {
+    mModuleCallbacks.Tell([&](IBase_CallbackModule& listener) {
+        try {
+            listener.OnEnvironmentChanged(this, key, value);
+        } catch (const RuntimeError& error) {
+            EndWithLog(u"mEnvironment_Changed(): Error when calling OnEnvironmentChanged(",
+                       key + u", " + ToText(value) + u"): " + error.description());
+        }
+    });
+    if (const auto station = facet<IBase_CallbackModule>(mStation)) station->OnEnvironmentChanged(this, key, value);
+}
+
+Text Module::ParameterKindToString(eParameterKind kind) {
+    if (!mDB) Raise(ErrorNumber::ObjectVariableNotSet);
+    const Ref<Recordset> kinds = mDB->OpenRecordset(u"Kinds", RecordsetType::dbOpenTable);
+    kinds->let_Index(u"PrimaryKey");
+    kinds->Seek(u"=", std::array{Variant(BitToKind(kind))});
+    const Text name = kinds->NoMatch() ? Text() : ToText(NullToDefault(FieldValue(*kinds, u"KindId"), Variant(u"")));
+    kinds->Close();
+    return name;
+}
+
+void Module::CloneTypeInto(Module& clone) {
+    clone.SetSourcePath(mSourcePath);
+    clone.SetLanguage(mLanguage);
+    clone.Load(mModuleType, mId, mName);
+}
+
+Ref<IBase_SpecModule> Module::CloneType() {
+    const Ref<Module> clone = MakeObject<Module>();
+    CloneTypeInto(*clone);
+    return clone;
+}
+
+Ref<IBase_SpecModule> Module::Clone() {
+    const Ref<Module> clone = MakeObject<Module>();
+    CloneTypeInto(*clone);
+    try {
+        mEnvironment->CopyContentsTo(clone->mEnvironment.get());
+        clone->RegisterImExport(mImExport.get());
+        clone->UpdateDependencies();
+        return clone;
+    } catch (const RuntimeError& error) {
+        LogEntry(Dispatch(), u"IBase_SpecModule_Clone: Error: ", error.description());
+        return nullptr;
+    }
+}
+
+bool Module::Compare(IBase_SpecModule* other, std::optional<eParameterKind> kind) {
+    if (!other) return false;
+    if (!LoadChannels()) return true;
+    const Ref<CBase_SpecChannelCollection> theirs = other->channels();
+    if (!theirs) return true;
+    const Ref<IEnumVariant> walk = theirs->NewEnum();
+    // A channel that only this module has is not noticed: comparing is not symmetric.
+    for (Variant item; walk->Next(item);) {
+        const auto channel = facet<IBase_SpecChannel>(item.AsObject());
+        const auto own = mSpecChannels->get_Item(ToText(channel->id()));
+        if (!own || !own->Compare(channel.get(), kind)) return false;
+    }
+    return true;
+}
+
+void Module::CheckConsistency() {
+    if (const auto channels = mSpecChannels) {
+        channels->ForEach([](IBase_SpecChannel& channel) { return channel.CheckConsistency(), true; });
+    }
+}
+
+void Module::UpdateDependencies() {
+    if (const auto channels = mSpecChannels) {
+        channels->ForEach([](IBase_SpecChannel& channel) { return channel.UpdateDependencies(), true; });
+    }
+    CheckConsistency();
+}
+
+bool Module::Export(Variant& exportdata, Variant& sourceId) {
+    return mImExport && mImExport->DoExport(this, exportdata, sourceId);
+}
+
+bool Module::Import(Variant& importdata, Variant& sourceId) {
+    if (!mImExport) Raise(ErrorNumber::ObjectVariableNotSet);
+    if (!mImExport->DoImport(this, importdata, sourceId)) return false;
+    UpdateDependencies();
+    return true;
+}
+
+}  // namespace ov

@@ -1,0 +1,241 @@
+// Loading and unloading: the path, the database, the row of the type, the tree's beginning and end.
+#include "module/module.h"
+#include "module/unload_pointer.h"
+
+#include "descriptor/database_cache.h"
+#include "descriptor/row_collection.h"
+#include "platform/automation/conversions.h"
+#include "platform/automation/operators.h"
+#include "platform/system/file_system.h"
+#include "platform/system/folders.h"
+#include "support/diagnostics.h"
+
+namespace ov {
+
+/// Hears the environment for its module, without holding it: a host may keep the environment longer than the module.
+class Module::EnvironmentSink final : public Object<EnvironmentSink, Facet<CBase_EnvironmentEvents>> {
+public:
+    static constexpr const char* kClassName = "EnvironmentSink";
+
+    explicit EnvironmentSink(Module& module) : mModule(module) {}
+    void Changed(const Text& key, const Variant& value) override { mModule.mEnvironment_Changed(key, value); }
+
+private:
+    Module& mModule;
+};
+
+namespace {
+
+std::int32_t PrimaryLanguage(std::int32_t languageId) {
+    return languageId & 0x3FF;
+}
+
+}  // namespace
+
+Module::Module() {
+    // The switches come first: a new environment tells whether debugging is on.
+    if (!GlobalDiagnostics().initialised) InitDebug(DebugMode::FromRegistry);
+    mEnvironment = MakeObject<ov::Environment>();
+    mEnvironmentSink = MakeObject<EnvironmentSink>(*this);
+    mEnvironmentCookie = mEnvironment->Advise(mEnvironmentSink->Dispatch());
+}
+
+Module::~Module() {
+    mEnvironment->Unadvise(mEnvironmentCookie);
+}
+
+bool Module::SetSourcePath(const Text& sourcepath) {
+    if (sourcepath == mSourcePath) return true;
+    if (!mModuleType.empty()) DropTree();
+    mDB = nullptr;
+    mSourcePath = sourcepath;
+    mDBVersion = Text();
+    mModelVersionIndex = 0;
+    return true;
+}
+
+void Module::OpenDatabaseOfSourcePath() {
+    if (mDB || mSourcePath.empty()) return;
+    if (mSourcePath[0] == u'.') mSourcePath = LibraryFolder() + u"\\" + mSourcePath;
+    mDB = DatabaseCache(mSourcePath);
+}
+
+Text Module::GetDllPath() {
+    if (mDllPathCache.empty()) {
+        const Text own = LibraryFolder();
+        const Text bin = own + u"\\..\\bin";
+        mDllPathCache = file_system::FolderExists(bin) ? bin : own;
+    }
+    return mDllPathCache;
+}
+
+Text Module::GetDBPath() {
+    Text folder = file_system::GetParentFolderName(mSourcePath);
+    const std::u16string_view view = folder.view();
+    if (view.ends_with(u"\\.") || view.ends_with(u"/.")) folder = view.substr(0, view.size() - 2);
+    return folder;
+}
+
+Variant Module::GetDBVersion() {
+    if (!mDBVersion.empty()) return mDBVersion;
+    if (mSourcePath.empty()) return u"-";
+    try {
+        mDBVersion = u"-";
+        OpenDatabaseOfSourcePath();
+        if (!mDB) return mDBVersion;
+        const Text engine = u" (MS JET: " + mDB->Version() + u")";
+        mDBVersion = u"-" + engine;
+        const Ref<Recordset> properties = GetRecordset(u"DatabaseProperties");
+        properties->let_Index(u"PrimaryKey");
+        properties->Seek(u"=", std::array{Variant(u"Version")});
+        mDBVersion = ToText(Concatenate(FieldValue(*properties, u"Value"), engine));
+        properties->Seek(u"=", std::array{Variant(u"ModelVersionIndex")});
+        if (properties->NoMatch()) return mDBVersion;
+        try {
+            mModelVersionIndex = ToLong(FieldValue(*properties, u"Value"));
+        } catch (const RuntimeError& error) {
+            mModelVersionIndex = 0;
+            EndWithLog(u"GetDBVersion(): ERROR when retrieving 'ModelVersionIndex': ", error.description());
+        }
+    } catch (const RuntimeError&) {
+        // What was found so far is the answer.
+    }
+    return mDBVersion;
+}
+
+std::int32_t Module::GetModelVersionIndex() {
+    GetDBVersion();
+    return mModelVersionIndex;
+}
+
+Ref<Recordset> Module::GetRecordset(const Text& table) {
+    if (!mDB) Raise(ErrorNumber::ObjectVariableNotSet);
+    Ref<Recordset> recordset = RecordSetCache(mDB.get(), table);
+    if (!recordset) Raise(ErrorNumber::ObjectVariableNotSet);
+    return recordset;
+}
+
+bool Module::SetLanguage(std::int32_t languageId) {
+    const std::int32_t language = PrimaryLanguage(languageId);
+    if (mModuleTypeIdx < 1) {
+        mLanguage = language;
+        return true;
+    }
+    const bool supported = std::ranges::any_of(mFdtInfo.supportedLanguages, [language](const Text& entry) {
+        return PrimaryLanguage(ToLong(entry)) == language;
+    });
+    if (!supported) return false;
+    mLanguage = language;
+    try {
+        mModuleCallbacks.Tell([this](IBase_CallbackModule& listener) { listener.OnLanguageChanged(this); });
+        if (const auto station = facet<IBase_CallbackModule>(mStation)) station->OnLanguageChanged(this);
+    } catch (const RuntimeError&) {
+        EndWithLog(u"SetLanguage(" + Text::FromInteger(languageId) + u"): ERROR: ONCALLBACKFAILED: ",
+                   u"Aufruf der 'OnLanguageChanged' callbacks schiefgegangen!");
+    }
+    return true;
+}
+
+bool Module::Load(const Text& moduletype, const std::optional<Text>& moduleid, const std::optional<Text>& modulename) {
+    GlobalDiagnostics().debugCountEval = 0;
+    mLoadFailure = Text();
+    OpenDatabaseOfSourcePath();
+    if (!mDB) {
+        EndWithLog(u"Load(): ERROR: Could not load database ", mSourcePath);
+        return false;
+    }
+    if (!mModuleType.empty()) DropTree();
+    try {
+        if (TakeType(moduletype, moduleid.value_or(Text()), modulename.value_or(Text()))) return true;
+        // An unknown type and one that failed to load leave their line; the reason of the second stands in its own.
+        EndWithLog(u"Load(): ERROR when loading type: ", Text());
+    } catch (const RuntimeError& error) {
+        mLoadFailure = error.description();
+        EndWithLog(u"Load(): ERROR when loading type: ", mLoadFailure);
+    }
+    return false;
+}
+
+// Answers false if there is no such type; a type that is not enabled is as absent.
+bool Module::TakeType(const Text& moduletype, const Text& moduleid, const Text& modulename) {
+    Ref<Recordset> types;
+    try {
+        types = mDB->OpenRecordset(u"ModuleTypes", RecordsetType::dbOpenTable);
+    } catch (const RuntimeError& error) {
+        mLoadFailure = error.description();
+        EndWithLog(u"Load(): ERROR: Could not open Recordset 'ModuleTypes': ", mLoadFailure);
+        return false;
+    }
+    const bool hasEnable = FieldExists(*types, u"enable");
+    while (!types->Eof()) {
+        const bool enabled = !hasEnable || EqualValues(FieldValue(*types, u"enable"), Variant(true));
+        if (enabled && EqualValues(FieldValue(*types, u"moduletype"), Variant(moduletype))) break;
+        types->MoveNext();
+    }
+    if (types->Eof()) return false;
+
+    mDesc = RowToCollection(*types);
+    types->Close();
+    mId = moduleid;
+    mName = modulename;
+    mNameTextIdx = mName.empty() ? ToLong(NullToDefault(mDesc->Get(u"defaultName"), Variant(0))) : 0;
+    mMainValuePath = ToText(NullToDefault(mDesc->Get(u"mainValue"), Variant(u"")));
+    mImage = ToText(NullToDefault(mDesc->Get(u"ModuleImage"), Variant(u"")));
+    if (!mImage.empty()) mImage = file_system::BuildPath(GetDBPath(), mImage);
+    return LoadModuleType();
+}
+
+void Module::DropTree() {
+    if (mSpecChannels) {
+        mMainValue = nullptr;
+        mSpecChannels->Clear();
+        mSpecChannels = nullptr;
+        mGuiChannels = nullptr;
+    }
+    mModuleTypeIdx = 0;
+    mModuleType = Text();
+    mName = Text();
+    mId = Text();
+}
+
+bool Module::LoadChannels() {
+    if (mSpecChannels) return true;
+    mSpecChannels = MakeObject<TypedList<IBase_SpecChannel>>();
+    mGuiChannels = MakeObject<TypedList<IBase_GuiChannel>>();
+    mGuiChannels->SetUnderlying(mSpecChannels->Underlying());
+    return true;
+}
+
+void Module::Unload() {
+    if (!mDB && !mStation) return;
+    EndWithLog(u"Unload(): gDebugCountEval = ", Text::FromInteger(GlobalDiagnostics().debugCountEval));
+    mModuleCallbacks.Tell([this](IBase_CallbackModule& listener) {
+        try {
+            listener.OnUnload(this);
+        } catch (const RuntimeError&) {
+            // A listener that fails does not keep the module.
+        }
+    });
+    if (const auto station = facet<IBase_CallbackModule>(mStation)) station->OnUnload(this);
+    mParameterCallbacks.Clear();
+    mModuleCallbacks.Clear();
+    mImExport = nullptr;
+    mEnumCache.Clear();
+    mTexts = nullptr;
+    mFiles = nullptr;
+    mMainValue = nullptr;
+    mStation = nullptr;
+    mDB = nullptr;  // the database itself stays open for the next module
+    DropTree();
+    if (mDesc) mDesc->Clear();
+}
+
+Ref<CBase_Unload> Module::GetUnloadPointer() {
+    return MakeObject<UnloadPointer>(static_cast<CBase_Module*>(this));
+}
+
+void Module::EndWithLog(std::u16string_view message, const Text& detail) {
+    if (DebugOutput()) LogEntry(Dispatch(), Text(message), detail);
+}
+
+}  // namespace ov

@@ -1,0 +1,122 @@
+// Texts and files in the module's language, static scripts, and the cache of enumerations.
+#include "module/module.h"
+
+#include <array>
+
+#include "platform/automation/conversions.h"
+#include "platform/system/file_system.h"
+#include "support/diagnostics.h"
+
+namespace ov {
+
+namespace {
+
+Text ErrorLine(const RuntimeError& error) {
+    return u"ONERROR: Error " + Text::FromInteger(error.number()) + u": " + error.description() + u" (" +
+           error.source() + u")";
+}
+
+// The mark of a script in the older generation of descriptors.
+bool HoldsCall(const Text& text) {
+    return text.view().find(u"(\"") != std::u16string_view::npos;
+}
+
+bool HasPrefix(const Text& text) {
+    return text.size() > 2 && (text.view().starts_with(u"#:") || text.view().starts_with(u"!:"));
+}
+
+}  // namespace
+
+Text Module::GetTranslatedText(std::int32_t index) {
+    if (index == 0) return Text();
+    try {
+        if (!mTexts || mTextsLanguage != mLanguage) {
+            LogEntry(Dispatch(), u"GetTranslatedText(): Rebuild():");
+            // An error on the way leaves the rows before it and no language, so that the next read tries again.
+            mTextsLanguage = 0;
+            mTexts = std::make_unique<TranslationTable>();
+            const Ref<Recordset> rows = GetRecordset(u"Texts")->Clone();
+            mTexts->Read(*rows, u"TEXT_IDX", mLanguage);
+            rows->Close();
+            mTextsLanguage = mLanguage;
+        }
+        if (const Text* text = mTexts->Find(index)) return *text;
+        EndWithLog(u"GetTranslatedText(", Text::FromInteger(index) + u"): Eintrag in Tabelle 'Texts' nicht gefunden!");
+    } catch (const RuntimeError& error) {
+        LogEntry(Dispatch(), u"GetTranslatedText(): " + ErrorLine(error));
+    }
+    return Text();
+}
+
+std::vector<std::int32_t> Module::TextLanguages() {
+    constexpr std::u16string_view kPrefix = u"Text_";
+    std::vector<std::int32_t> languages;
+    const Ref<Recordset> rows = GetRecordset(u"Texts");
+    for (std::size_t i = 0; i < rows->Columns()->size(); ++i) {
+        const std::u16string_view name = (*rows->Columns())[i];
+        if (!EqualNoCase(name.substr(0, kPrefix.size()), kPrefix)) continue;
+        const std::u16string_view language = name.substr(kPrefix.size());
+        if (IsNumeric(Variant(language))) languages.push_back(ToLong(Variant(language)));
+    }
+    return languages;
+}
+
+bool Module::HasText(std::int32_t index) {
+    GetTranslatedText(index);  // reads the table if that is not done
+    return mTexts && mTexts->Find(index) != nullptr;
+}
+
+Text Module::GetTranslatedFile(std::int32_t index) {
+    if (index == 0) return Text();
+    if (!mFiles || mFilesLanguage != mLanguage) {
+        mFilesLanguage = 0;
+        mFiles = std::make_unique<TranslationTable>();
+        // Unlike a text table, one of files that cannot be read is the caller's affair.
+        const Ref<Recordset> rows = GetRecordset(u"Files")->Clone();
+        mFiles->Read(*rows, u"FILE_IDX", mLanguage);
+        rows->Close();
+        mFilesLanguage = mLanguage;
+    }
+    const Text* found = mFiles->Find(index);
+    if (!found) {
+        EndWithLog(u"GetTranslatedFile(", Text::FromInteger(index) + u"): Eintrag in Tabelle 'Files' nicht gefunden!");
+        return Text();
+    }
+    return *found;
+}
+
+Text Module::GetIndexedFile(std::int32_t index) {
+    Text file;
+    try {
+        file = GetTranslatedFile(index);
+        if (!file.empty()) file = file_system::BuildPath(GetDBPath(), file);
+    } catch (const RuntimeError&) {
+        // The text so far is the answer.
+    }
+    return file;
+}
+
+Text Module::ResolveStaticScript(const Text& text) {
+    const bool older = GetModelVersionIndex() < 1;
+    if (older && !HoldsCall(text)) return text;
+    if (!LoadChannels()) return Text();
+    if (mSpecChannels->Count() == 0) {
+        if (older || HasPrefix(text)) {
+            EndWithLog(u"ResolveStaticScript(" + text,
+                       (older ? u")(ModelVersionIndex=0)" : u")(ModelVersionIndex>0)") +
+                           Text(u": ERROR: für das Evaluieren von Skripten ist ein Channel notwendig!"));
+        }
+        return older ? Text() : text;
+    }
+    return text;
+}
+
+void Module::EnumCacheSet(const Text& key, std::shared_ptr<CEnumCacheItem> item) {
+    try {
+        mEnumCache.Set(key, std::move(item));
+    } catch (const RuntimeError& error) {
+        LogEntry(Dispatch(), u"EnumCacheSet(): " + ErrorLine(error));
+    }
+}
+
+}  // namespace ov

@@ -1,0 +1,129 @@
+/// @file
+/// The keyed collection: items in order, some of them under a text key.
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string_view>
+#include <vector>
+
+#include "platform/automation/dispatch.h"
+#include "platform/automation/enumeration.h"
+#include "platform/automation/object.h"
+#include "platform/automation/ordered_table.h"
+
+namespace ov {
+
+/// The keyed collection as hosts and scripts see it.
+class ICollection : public IDispatch {
+public:
+    static constexpr Guid kIid = Guid::Parse("{5B0C7A52-3D1E-4C57-9B9C-6A7F0E1D2C41}");
+    static constexpr const char* kName = "_Collection";
+    static const InterfaceInfo& Members();
+
+    virtual std::int32_t Count() = 0;
+    /// The item under a text key, without regard to case, or at a position from 1 on. The default member.
+    /// @throws RuntimeError 5 for a missing key, 9 for a position out of range.
+    virtual Variant Item(const Variant& index) = 0;
+    /// Adds an item at the end, or before or behind another one. @throws RuntimeError 457 for a key that is taken.
+    virtual void Add(const Variant& item, const std::optional<Text>& key, const std::optional<Variant>& before,
+                     const std::optional<Variant>& after) = 0;
+    /// @throws as Item
+    virtual void Remove(const Variant& index) = 0;
+    virtual Ref<IEnumVariant> NewEnum() = 0;
+};
+
+/// The names of a recordset's columns in their order, shared by all rows that were copied from it.
+class ColumnNames {
+public:
+    /// A name that occurs twice is found at its first place.
+    explicit ColumnNames(std::vector<Text> names);
+
+    std::size_t size() const noexcept { return mNames.size(); }
+    const Text& operator[](std::size_t column) const noexcept { return mNames[column]; }
+    /// The number of a column by name without regard to case, or nullopt.
+    std::optional<std::size_t> Find(std::u16string_view name) const noexcept;
+
+private:
+    std::vector<Text> mNames;
+    std::vector<std::uint32_t> mHashes;
+    std::vector<std::uint16_t> mIndex;  // hash table of column numbers plus 1
+};
+
+/// The keyed collection. A descriptor row is one whose names are those of its recordset: it costs its values alone
+/// until somebody adds or removes an item.
+class Collection final : public Object<Collection, Facet<ICollection>> {
+public:
+    static constexpr const char* kClassName = "Collection";
+
+    Collection() noexcept = default;
+    /// A descriptor row. @pre values has one item for each of the names
+    Collection(std::shared_ptr<const ColumnNames> columns, std::unique_ptr<Variant[]> values);
+    ~Collection();
+
+    std::int32_t Count() override;
+    Variant Item(const Variant& index) override;
+    void Add(const Variant& item, const std::optional<Text>& key, const std::optional<Variant>& before,
+             const std::optional<Variant>& after) override;
+    void Remove(const Variant& index) override;
+    Ref<IEnumVariant> NewEnum() override;
+
+    std::size_t size() const noexcept;
+    /// The item under @p key, or nullptr. Valid until the next change.
+    const Variant* Find(std::u16string_view key) const noexcept;
+    /// The item under @p key. @throws RuntimeError 5 if there is none.
+    const Variant& Get(std::u16string_view key) const;
+    /// Adds an item without key at the end.
+    void Append(Variant item);
+    /// Adds an item at the end, or answers false, with nothing changed, if the key is taken.
+    bool TryAdd(Text key, Variant item);
+    /// The item and its key ("" if it has none) at a position from 0 on. @pre position < size()
+    std::pair<Text, const Variant*> At(std::size_t position);
+    /// Answers false if the key is not there.
+    bool RemoveKey(std::u16string_view key);
+    /// @pre position < size()
+    void RemoveAt(std::size_t position);
+    void Clear();
+    /// The item at or behind @p cursor, which starts at 0, or nullptr at the end. @see Walk
+    const Variant* Next(std::size_t& cursor);
+
+    /// A walk through a collection that may change between the steps: every item that stays is met once, and one that
+    /// is added if it stands behind the place reached.
+    class Walk {
+    public:
+        explicit Walk(Ref<Collection> collection);
+        ~Walk();
+        Walk(const Walk&) = delete;
+        Walk& operator=(const Walk&) = delete;
+
+        /// The next item, or nullptr at the end. Valid until the next change.
+        const Variant* Next() { return mCollection->Next(mCursor); }
+        void Reset() noexcept { mCursor = 0; }
+
+    private:
+        Ref<Collection> mCollection;
+        std::size_t mCursor = 0;
+    };
+
+private:
+    struct Entry {
+        Variant item;
+        Text key;
+        std::uint32_t hash = 0;
+        bool keyed = false;
+    };
+    using Table = OrderedTable<Entry>;
+
+    Table& MakeTable();
+    Table& Own();
+    Entry* FindOwn(std::u16string_view key) const noexcept;
+    std::size_t PositionOf(const Variant& index);
+
+    // Either a row (names and values) or a table of its own; an empty collection has neither. A row that is walked has
+    // a table as well, for the cursors, which is empty until the row becomes its own.
+    std::shared_ptr<const ColumnNames> mColumns;
+    std::unique_ptr<Variant[]> mValues;
+    std::unique_ptr<Table> mTable;
+};
+
+}  // namespace ov

@@ -1,0 +1,50 @@
+/// @file
+/// The account of the bytes that texts and arrays hold.
+#pragma once
+
+#include <cstddef>
+#include <limits>
+
+namespace ov {
+
+/// Counts the bytes in texts and arrays of the process and refuses growth above a limit. A script engine lowers the
+/// limit while a script runs, so that a script cannot take the host's memory; otherwise there is none.
+class MemoryAccount {
+public:
+    /// @throws RuntimeError 7 "Out of memory" where @p bytes would exceed the limit; nothing is taken then.
+    static void Take(std::size_t bytes) {
+        sUsed += bytes;
+        if (sLimited && Grown() > sLimit) Refuse(bytes);
+    }
+    static void Return(std::size_t bytes) noexcept { sUsed -= bytes; }
+
+    /// Bounds the growth to @p bytes above what is used now, for the life of this object; never widens an outer bound.
+    class Limit {
+    public:
+        explicit Limit(std::size_t bytes) noexcept;
+        ~Limit();
+        Limit(const Limit&) = delete;
+        Limit& operator=(const Limit&) = delete;
+
+    private:
+        bool mLimited;
+        std::size_t mFloor;
+        std::size_t mLimit;
+    };
+
+private:
+    [[noreturn]] static void Refuse(std::size_t bytes);
+    // More than half of the range is a negative difference: memory from before the bound was returned.
+    static std::size_t Grown() noexcept {
+        const std::size_t grown = sUsed - sFloor;
+        return grown > std::numeric_limits<std::size_t>::max() / 2 ? 0 : grown;
+    }
+
+    // Counts from any start: what another module of the process allocated may be returned here. Differences hold.
+    static inline std::size_t sUsed = 0;
+    static inline bool sLimited = false;
+    static inline std::size_t sFloor = 0;
+    static inline std::size_t sLimit = 0;
+};
+
+}  // namespace ov

@@ -1,0 +1,183 @@
+#include "platform/automation/text.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cstdlib>
+#include <cstring>
+#include <new>
+
+#include "platform/automation/errors.h"
+#include "platform/automation/memory_account.h"
+#include "platform/locale/locale.h"
+
+namespace ov {
+
+namespace {
+
+constexpr char32_t kReplacement = 0xFFFD;
+
+// Decodes one character at `at`, which moves behind it; a malformed sequence is one replacement character.
+char32_t DecodeUtf8(std::string_view bytes, std::size_t& at) noexcept {
+    const auto lead = static_cast<unsigned char>(bytes[at++]);
+    if (lead < 0x80) return lead;
+    const int following = lead >= 0xF0 && lead < 0xF5 ? 3 : lead >= 0xE0 ? 2 : lead >= 0xC2 ? 1 : 0;
+    if (following == 0 || lead >= 0xF5) return kReplacement;
+    char32_t c = lead & (0x3Fu >> following);
+    for (int i = 0; i < following; ++i) {
+        if (at >= bytes.size() || (static_cast<unsigned char>(bytes[at]) & 0xC0) != 0x80) return kReplacement;
+        c = (c << 6) | (static_cast<unsigned char>(bytes[at++]) & 0x3Fu);
+    }
+    const bool overlong = (following == 2 && c < 0x800) || (following == 3 && c < 0x10000);
+    const bool surrogate = c >= 0xD800 && c < 0xE000;
+    return overlong || surrogate || c > 0x10FFFF ? kReplacement : c;
+}
+
+void AppendUtf8(std::string& out, char32_t c) {
+    if (c < 0x80) {
+        out += static_cast<char>(c);
+    } else if (c < 0x800) {
+        out += static_cast<char>(0xC0 | (c >> 6));
+        out += static_cast<char>(0x80 | (c & 0x3F));
+    } else if (c < 0x10000) {
+        out += static_cast<char>(0xE0 | (c >> 12));
+        out += static_cast<char>(0x80 | ((c >> 6) & 0x3F));
+        out += static_cast<char>(0x80 | (c & 0x3F));
+    } else {
+        out += static_cast<char>(0xF0 | (c >> 18));
+        out += static_cast<char>(0x80 | ((c >> 12) & 0x3F));
+        out += static_cast<char>(0x80 | ((c >> 6) & 0x3F));
+        out += static_cast<char>(0x80 | (c & 0x3F));
+    }
+}
+
+}  // namespace
+
+Text::Rep* Text::Allocate(std::size_t length, std::size_t capacity) {
+    if (length > kMaxLength) Raise(ErrorNumber::OutOfStringSpace);
+    capacity = std::min(capacity, kMaxLength);
+    const std::size_t bytes = sizeof(Rep) + capacity * sizeof(char16_t);
+    MemoryAccount::Take(bytes);
+    void* memory = std::malloc(bytes);
+    if (!memory) {
+        MemoryAccount::Return(bytes);
+        Raise(ErrorNumber::OutOfMemory);
+    }
+    return new (memory) Rep{1, static_cast<std::uint32_t>(length), static_cast<std::uint32_t>(capacity)};
+}
+
+void Text::Free(Rep* rep) noexcept {
+    MemoryAccount::Return(sizeof(Rep) + rep->capacity * sizeof(char16_t));
+    std::free(rep);
+}
+
+Text::Text(std::u16string_view characters) {
+    if (characters.empty()) return;
+    mRep = Allocate(characters.size(), characters.size());
+    std::memcpy(mRep->Characters(), characters.data(), characters.size() * sizeof(char16_t));
+}
+
+Text Text::ForOverwrite(std::size_t length, char16_t*& characters) {
+    Text text;
+    if (length > 0) text.mRep = Allocate(length, length);
+    characters = length > 0 ? text.mRep->Characters() : nullptr;
+    return text;
+}
+
+Text Text::FromUtf8(std::string_view bytes) {
+    std::u16string wide;
+    wide.reserve(bytes.size());
+    for (std::size_t at = 0; at < bytes.size();) {
+        const char32_t c = DecodeUtf8(bytes, at);
+        if (c < 0x10000) {
+            wide += static_cast<char16_t>(c);
+        } else {
+            wide += static_cast<char16_t>(0xD7C0 + (c >> 10));
+            wide += static_cast<char16_t>(0xDC00 | (c & 0x3FF));
+        }
+    }
+    return Text(wide);
+}
+
+Text Text::FromAscii(std::string_view characters) {
+    char16_t* to = nullptr;
+    Text text = ForOverwrite(characters.size(), to);
+    std::copy(characters.begin(), characters.end(), to);
+    return text;
+}
+
+Text Text::Repeat(std::size_t count, char16_t c) {
+    char16_t* to = nullptr;
+    Text text = ForOverwrite(count, to);
+    std::fill_n(to, count, c);
+    return text;
+}
+
+Text Text::FromInteger(std::int64_t value) {
+    std::array<char, 24> digits;
+    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr;
+    return FromAscii({digits.data(), static_cast<std::size_t>(end - digits.data())});
+}
+
+std::string Text::ToUtf8() const {
+    const std::u16string_view from = view();
+    std::string out;
+    out.reserve(from.size());
+    for (std::size_t i = 0; i < from.size(); ++i) {
+        char32_t c = from[i];
+        const bool high = c >= 0xD800 && c < 0xDC00;
+        if (high && i + 1 < from.size() && from[i + 1] >= 0xDC00 && from[i + 1] < 0xE000) {
+            c = 0x10000 + ((c - 0xD800) << 10) + (from[++i] - 0xDC00u);
+        } else if (c >= 0xD800 && c < 0xE000) {
+            c = kReplacement;
+        }
+        AppendUtf8(out, c);
+    }
+    return out;
+}
+
+Text& Text::operator+=(std::u16string_view characters) {
+    if (characters.empty()) return *this;
+    const std::size_t length = size() + characters.size();
+    if (mRep && mRep->references == 1 && length <= mRep->capacity) {
+        std::memcpy(mRep->Characters() + mRep->length, characters.data(), characters.size() * sizeof(char16_t));
+        mRep->length = static_cast<std::uint32_t>(length);
+        return *this;
+    }
+    Text grown;
+    grown.mRep = Allocate(length, std::max(length, size() * 2));
+    std::memcpy(grown.mRep->Characters(), data(), size() * sizeof(char16_t));
+    std::memcpy(grown.mRep->Characters() + size(), characters.data(), characters.size() * sizeof(char16_t));
+    Swap(grown);
+    return *this;
+}
+
+Text Concatenate(std::u16string_view a, std::u16string_view b) {
+    char16_t* to = nullptr;
+    Text text = Text::ForOverwrite(a.size() + b.size(), to);
+    std::copy(b.begin(), b.end(), std::copy(a.begin(), a.end(), to));
+    return text;
+}
+
+char16_t FoldCase(char16_t c) noexcept {
+    if (c < 0x80) return c >= u'A' && c <= u'Z' ? static_cast<char16_t>(c + 0x20) : c;
+    return FoldCharacter(c);
+}
+
+bool EqualNoCase(std::u16string_view a, std::u16string_view b) noexcept {
+    if (a.size() != b.size()) return false;
+    for (std::size_t i = 0; i < a.size(); ++i) {
+        if (a[i] != b[i] && FoldCase(a[i]) != FoldCase(b[i])) return false;
+    }
+    return true;
+}
+
+std::uint32_t HashNoCase(std::u16string_view text) noexcept {
+    std::uint32_t hash = 2166136261u;  // FNV-1a
+    for (char16_t c : text) {
+        hash = (hash ^ FoldCase(c)) * 16777619u;
+    }
+    return hash ^ (hash >> 15);
+}
+
+}  // namespace ov

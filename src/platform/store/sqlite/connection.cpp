@@ -1,0 +1,246 @@
+#include "platform/store/sqlite/connection.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "platform/automation/errors.h"
+#include "platform/store/sqlite/engine_error.h"
+#include "platform/store/sqlite/sql_functions.h"
+
+namespace ov::sqlite {
+
+namespace {
+
+void Check(sqlite3* db, int code) {
+    if (code != SQLITE_OK) RaiseEngineError(db, code);
+}
+
+// What a file that nobody vouches for must not do, in the order of SQLite's own advice.
+void Secure(sqlite3* db) {
+    Check(db, sqlite3_db_config(db, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr));
+    Check(db, sqlite3_db_config(db, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr));
+    Check(db, sqlite3_db_config(db, SQLITE_DBCONFIG_ENABLE_LOAD_EXTENSION, 0, nullptr));
+    Check(db, sqlite3_db_config(db, SQLITE_DBCONFIG_ENABLE_TRIGGER, 0, nullptr));
+    Check(db, sqlite3_drop_modules(db, nullptr));  // so a virtual table of the file is an error and runs no code
+    Check(db, sqlite3_exec(db, "PRAGMA cell_size_check = ON; PRAGMA mmap_size = 0; PRAGMA temp_store = MEMORY", nullptr,
+                           nullptr, nullptr));
+    struct Limit {
+        int id;
+        int value;
+    };
+    // Far above what a descriptor needs.
+    for (const Limit limit : {Limit{SQLITE_LIMIT_LENGTH, 64 << 20}, Limit{SQLITE_LIMIT_SQL_LENGTH, 1 << 20},
+                              Limit{SQLITE_LIMIT_EXPR_DEPTH, 200}, Limit{SQLITE_LIMIT_COMPOUND_SELECT, 100},
+                              Limit{SQLITE_LIMIT_ATTACHED, 0}, Limit{SQLITE_LIMIT_TRIGGER_DEPTH, 1}}) {
+        sqlite3_limit(db, limit.id, limit.value);
+    }
+}
+
+bool IsBlank(std::string_view sql) {
+    return sql.find_first_not_of(" \t\r\n\f;") == std::string_view::npos;
+}
+
+std::u16string PropertyKey(std::u16string_view table, std::u16string_view column, std::u16string_view property) {
+    std::u16string key;
+    for (const std::u16string_view part : {table, column, property}) {
+        for (const char16_t c : part) {
+            key += FoldCase(c);
+        }
+        key += u'\0';
+    }
+    return key;
+}
+
+}  // namespace
+
+/// While it lives, statements of the connection's own making are compiled: pragmas pass.
+class Connection::InternalStatements {
+public:
+    explicit InternalStatements(Connection& connection) : mConnection(connection) { mConnection.mInternal = true; }
+    InternalStatements(const InternalStatements&) = delete;
+    InternalStatements& operator=(const InternalStatements&) = delete;
+    ~InternalStatements() { mConnection.mInternal = false; }
+
+private:
+    Connection& mConnection;
+};
+
+Connection::Connection(Handle db) : mDb(std::move(db)) {
+    Secure(mDb.get());
+    Check(mDb.get(), AddSqlFunctions(mDb.get()));
+    Check(mDb.get(), sqlite3_set_authorizer(mDb.get(), &Authorize, this));
+}
+
+int Connection::Authorize(void* self, int action, const char*, const char* second, const char*, const char*) noexcept {
+    if (static_cast<Connection*>(self)->mInternal) return SQLITE_OK;
+    switch (action) {
+        case SQLITE_SELECT:
+        case SQLITE_READ:
+        case SQLITE_RECURSIVE:
+            return SQLITE_OK;
+        case SQLITE_FUNCTION:
+            return sqlite3_stricmp(second, "load_extension") == 0 ? SQLITE_DENY : SQLITE_OK;
+        default:
+            return SQLITE_DENY;
+    }
+}
+
+bool Connection::ReadFirst() {
+    const int code = sqlite3_exec(mDb.get(), "SELECT 1 FROM sqlite_schema", nullptr, nullptr, nullptr);
+    if ((code & 0xFF) == SQLITE_NOTADB) return false;
+    Check(mDb.get(), code);
+    return true;
+}
+
+void Connection::ReadSchema() {
+    // The order of the rows is that of creation.
+    Statement statement(mDb.get(),
+                        "SELECT name, type = 'table' FROM sqlite_schema"
+                        " WHERE type IN ('table', 'view') AND lower(substr(name, 1, 7)) <> 'sqlite_' ORDER BY rowid");
+    const RowStore rows = statement.ReadRows(2);
+    std::vector<SchemaEntry> schema;
+    for (std::size_t row = 0; row < rows.size(); ++row) {
+        const Cell& name = rows[row][0];
+        if (name.kind == CellKind::Text) {
+            schema.push_back({Text::FromUtf8(name.Bytes()), rows[row][1].integer != 0, nullptr});
+        }
+    }
+    mSchema = std::move(schema);
+}
+
+// The schema is kept, and read again where it does not have a name.
+Connection::SchemaEntry* Connection::FindEntry(const Text& name) {
+    const auto find = [&] {
+        return std::ranges::find_if(mSchema, [&](const SchemaEntry& entry) { return EqualNoCase(entry.name, name); });
+    };
+    auto at = find();
+    if (at == mSchema.end()) {
+        ReadSchema();
+        at = find();
+    }
+    return at != mSchema.end() ? &*at : nullptr;
+}
+
+std::shared_ptr<Table> Connection::FindTable(const Text& name) {
+    SchemaEntry* entry = FindEntry(name);
+    if (!entry || !entry->isTable) return nullptr;
+    if (!entry->table) {
+        const std::string spelled = entry->name.ToUtf8();
+        entry->table = std::make_shared<Table>(mDb.get(), spelled, ReadKeyNames(spelled), mShapes);
+    }
+    return entry->table;
+}
+
+std::optional<Text> Connection::FindTableOrView(const Text& name) {
+    const SchemaEntry* entry = FindEntry(name);
+    return entry ? std::optional(entry->name) : std::nullopt;
+}
+
+std::vector<Text> Connection::TableNames() {
+    ReadSchema();
+    std::vector<Text> names;
+    for (const SchemaEntry& entry : mSchema) {
+        if (entry.isTable) names.push_back(entry.name);
+    }
+    return names;
+}
+
+std::vector<std::string> Connection::ReadKeyNames(const std::string& table) {
+    constexpr std::size_t kWidth = 6;  // cid, name, type, notnull, dflt_value, pk
+    const InternalStatements internal(*this);
+    Statement statement(mDb.get(), "PRAGMA main.table_info(" + QuoteName(table) + ")");
+    const RowStore columns = statement.ReadRows(kWidth);
+    std::vector<std::string> names;
+    for (std::size_t row = 0; row < columns.size(); ++row) {
+        const std::int64_t place = columns[row][5].integer;  // in the key, from 1 on; 0 for none
+        if (place < 1 || place > static_cast<std::int64_t>(columns.size())) continue;
+        names.resize(std::max(names.size(), static_cast<std::size_t>(place)));
+        names[static_cast<std::size_t>(place) - 1] = std::string(columns[row][1].Bytes());
+    }
+    return names;
+}
+
+QueryResult Connection::RunQuery(const SqlText& sql) {
+    const SqliteQuery rewritten = sql.Rewrite();
+    Query& query = FindQuery(rewritten);
+    for (std::size_t i = 0; i < rewritten.values.size(); ++i) {
+        query.statement.Bind(static_cast<int>(i) + 1, rewritten.values[i]);
+    }
+    return {query.shape, query.statement.ReadRows(query.shape->columns.size())};
+}
+
+Connection::Query& Connection::FindQuery(const SqliteQuery& query) {
+    const auto kept = mQueryIndex.find(query.text);
+    if (kept != mQueryIndex.end()) {
+        mQueries.splice(mQueries.begin(), mQueries, kept->second);
+        return mQueries.front();
+    }
+    mQueries.push_front(Compile(query));
+    mQueryIndex.emplace(mQueries.front().text, mQueries.begin());
+    if (mQueries.size() > kMaxQueries) {
+        mQueryIndex.erase(mQueries.back().text);
+        mQueries.pop_back();
+    }
+    return mQueries.front();
+}
+
+Connection::Query Connection::Compile(const SqliteQuery& query) {
+    const std::string& text = query.text;
+    if (text.size() > static_cast<std::size_t>(sqlite3_limit(mDb.get(), SQLITE_LIMIT_SQL_LENGTH, -1))) {
+        throw BadQuery(u"query is too long");
+    }
+    if (text.find('\0') != std::string::npos) throw BadQuery(u"unrecognized token");
+    std::string_view rest;
+    Statement statement(mDb.get(), text, &rest);
+    while (!IsBlank(rest)) {
+        // A second statement is refused, and first for what it would do.
+        const Statement second(mDb.get(), rest, &rest);
+        if (second) throw BadQuery(u"characters found after end of SQL statement");
+    }
+    if (!statement) throw BadQuery(u"no statement");
+    const int parameters = sqlite3_bind_parameter_count(statement.get()) - static_cast<int>(query.values.size());
+    if (parameters > 0) throw TooFewParameters(parameters);
+    if (statement.Columns() == 0) Raise(ErrorNumber::CannotUpdateReadOnly);
+    std::shared_ptr<const RowShape> shape = mShapes.Of(statement.get());
+    return {text, std::move(statement), std::move(shape)};
+}
+
+void Connection::ReadProperties() {
+    std::unordered_map<std::u16string, Variant> properties;
+    if (FindTable(u"FieldProperties")) {
+        const auto [shape, rows] =
+            RunQuery(SqlText("SELECT TableName, FieldName, PropertyName, PropertyValue FROM FieldProperties"));
+        for (std::size_t row = 0; row < rows.size(); ++row) {
+            const Cell* cells = rows[row];
+            const auto name = [&](std::size_t column) {
+                const bool isText = cells[column].kind == CellKind::Text;
+                return isText ? Text::FromUtf8(cells[column].Bytes()) : Text();
+            };
+            properties.emplace(PropertyKey(name(0), name(1), name(2)), Decode(cells[3], shape->columns[3].type));
+        }
+    }
+    mProperties = std::move(properties);
+}
+
+const Variant* Connection::FindProperty(const Column& column, const Text& name) {
+    if (column.originTable.empty()) return nullptr;
+    if (!mProperties) ReadProperties();
+    const auto found =
+        mProperties->find(PropertyKey(Text::FromUtf8(column.originTable), Text::FromUtf8(column.originColumn), name));
+    return found != mProperties->end() ? &found->second : nullptr;
+}
+
+bool Connection::IsRequired(const Column& column) {
+    if (column.originTable.empty()) return false;
+    const char* type = nullptr;
+    int notNull = 0;
+    int isKey = 0;
+    Check(mDb.get(),
+          sqlite3_table_column_metadata(mDb.get(), "main", column.originTable.c_str(), column.originColumn.c_str(),
+                                        &type, nullptr, &notNull, &isKey, nullptr));
+    // A key of one INTEGER is the row's number. Keys of any other type take NULL, unless they are declared otherwise.
+    const bool isRowNumber = isKey != 0 && type && sqlite3_stricmp(type, "INTEGER") == 0;
+    return notNull != 0 || isRowNumber;
+}
+
+}  // namespace ov::sqlite

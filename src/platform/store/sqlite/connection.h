@@ -1,0 +1,104 @@
+/// @file
+/// An open database of SQLite and all that is known of it.
+#pragma once
+
+#include <sqlite3.h>
+
+#include <list>
+#include <memory>
+#include <optional>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "platform/automation/text.h"
+#include "platform/store/sqlite/row_shape.h"
+#include "platform/store/sqlite/sql_rewrite.h"
+#include "platform/store/sqlite/statement.h"
+#include "platform/store/sqlite/table.h"
+
+namespace ov::sqlite {
+
+struct CloseHandle {
+    void operator()(sqlite3* db) const noexcept { sqlite3_close_v2(db); }
+};
+using Handle = std::unique_ptr<sqlite3, CloseHandle>;
+
+/// What a query gave.
+struct QueryResult {
+    std::shared_ptr<const RowShape> shape;
+    RowStore rows;
+};
+
+/// A database that is read and never written, and not trusted: statements can read its tables and nothing else, and
+/// what the file itself brings (views, virtual tables, damaged pages) can do no harm. Held by its database object and
+/// by all recordsets; the last holder closes it.
+///
+/// No lock on the file outlives a call: all rows that a call needs are copied by it.
+class Connection {
+public:
+    /// @param db where the rows come from: a file, or a database in memory that was filled before. Not yet read.
+    /// @throws RuntimeError of the engine
+    explicit Connection(Handle db);
+    Connection(const Connection&) = delete;
+    Connection& operator=(const Connection&) = delete;
+
+    /// Reads for the first time. @returns false if the file is no database of SQLite
+    /// @throws RuntimeError 3050 if another holds the file, others of the engine
+    bool ReadFirst();
+
+    /// The table of a name, without regard to case, or nullptr.
+    std::shared_ptr<Table> FindTable(const Text& name);
+    /// The name, as the database spells it, of a table or view, or nullopt.
+    std::optional<Text> FindTableOrView(const Text& name);
+    std::vector<Text> TableNames();
+
+    /// Runs a query. Its statement is kept for the next of its form.
+    /// @throws RuntimeError 3075, 3061, 3078, 3027 and others of the engine
+    QueryResult RunQuery(const SqlText& sql);
+
+    /// The property @p name of a column that comes from a table's, or nullptr. Valid as long as the connection.
+    const Variant* FindProperty(const Column& column, const Text& name);
+    /// True if a column that comes from a table's takes no NULL.
+    bool IsRequired(const Column& column);
+
+private:
+    struct SchemaEntry {
+        Text name;
+        bool isTable;
+        std::shared_ptr<Table> table;  // once somebody has asked for it
+    };
+    struct Query {
+        std::string text;
+        Statement statement;
+        std::shared_ptr<const RowShape> shape;
+    };
+    class InternalStatements;
+
+    static constexpr std::size_t kMaxQueries = 128;
+
+    static int Authorize(void* self, int action, const char* first, const char* second, const char*,
+                         const char*) noexcept;
+
+    void ReadSchema();
+    SchemaEntry* FindEntry(const Text& name);
+    std::vector<std::string> ReadKeyNames(const std::string& table);
+    Query& FindQuery(const SqliteQuery& query);
+    Query Compile(const SqliteQuery& query);
+    void ReadProperties();
+
+    Handle mDb;
+    bool mInternal = false;  // a statement of this class is being compiled
+    RowShapes mShapes;
+    std::vector<SchemaEntry> mSchema;
+    std::list<Query> mQueries;  // the one used last comes first
+    std::unordered_map<std::string_view, std::list<Query>::iterator> mQueryIndex;
+    std::optional<std::unordered_map<std::u16string, Variant>> mProperties;
+};
+
+/// Opens the file @p path, which exists. @returns nullptr if it is no database of SQLite
+/// @param exclusive the file must be this process's alone; then it is read even where no lock can be had
+/// @throws RuntimeError 3050 for a file that another holds, others of the engine
+std::shared_ptr<Connection> OpenFile(const std::string& path, bool exclusive);
+
+}  // namespace ov::sqlite

@@ -1,0 +1,50 @@
+#include "platform/store/sqlite/sqlite_database.h"
+
+#include "platform/store/sqlite/engine_error.h"
+#include "platform/store/sqlite/sql_rewrite.h"
+#include "platform/store/sqlite/sqlite_recordset.h"
+
+namespace ov::sqlite {
+
+Text SqliteDatabase::Version() {
+    return Text::FromAscii(sqlite3_libversion());
+}
+
+Ref<Recordset> SqliteDatabase::OpenTable(const Text& name) {
+    const std::shared_ptr<Table> table = mConnection->FindTable(name);
+    if (!table) throw NoSuchTableOrQuery(name);
+    return MakeObject<SqliteRecordset>(RowSource{mConnection, table, table->Shape(), nullptr});
+}
+
+Ref<Recordset> SqliteDatabase::OpenQuery(const SqlText& sql) {
+    QueryResult result = mConnection->RunQuery(sql);
+    auto rows = std::make_shared<const RowStore>(std::move(result.rows));
+    return MakeObject<SqliteRecordset>(RowSource{mConnection, nullptr, std::move(result.shape), std::move(rows)});
+}
+
+Ref<Recordset> SqliteDatabase::OpenRecordset(const Text& source, std::optional<RecordsetType> type,
+                                             std::optional<RecordsetOptions>) {
+    const RecordsetType wanted = type.value_or(RecordsetType::Default);
+    switch (wanted) {
+        case RecordsetType::Default:
+        case RecordsetType::dbOpenTable:
+        case RecordsetType::dbOpenDynaset:
+        case RecordsetType::dbOpenSnapshot:
+            break;
+        default:
+            Raise(ErrorNumber::InvalidEngineArgument);
+    }
+    const SqlText sql(source.ToUtf8());
+    const Text name = Text::FromUtf8(sql.Name());
+    if (wanted == RecordsetType::dbOpenTable) return OpenTable(name);
+    if (sql.MayBeName()) {
+        if (const std::optional<Text> spelled = mConnection->FindTableOrView(name)) {
+            if (wanted == RecordsetType::Default && mConnection->FindTable(*spelled)) return OpenTable(*spelled);
+            return OpenQuery(SqlText("SELECT * FROM " + QuoteName(spelled->ToUtf8())));
+        }
+        if (sql.IsNameOnly() && !sql.BeginsStatement()) throw NoSuchTableOrQuery(name);
+    }
+    return OpenQuery(sql);
+}
+
+}  // namespace ov::sqlite

@@ -1,0 +1,101 @@
+#include "platform/store/sqlite/statement.h"
+
+#include "platform/automation/conversions.h"
+#include "platform/store/sqlite/engine_error.h"
+
+namespace ov::sqlite {
+
+namespace {
+
+// Ends the run of a statement, and with it the lock, however the run ends.
+class Run {
+public:
+    explicit Run(sqlite3_stmt* statement) noexcept : mStatement(statement) {}
+    Run(const Run&) = delete;
+    Run& operator=(const Run&) = delete;
+    ~Run() { sqlite3_reset(mStatement); }
+
+    bool Step() {
+        const int code = sqlite3_step(mStatement);
+        if (code != SQLITE_ROW && code != SQLITE_DONE) RaiseEngineError(sqlite3_db_handle(mStatement), code);
+        return code == SQLITE_ROW;
+    }
+
+private:
+    sqlite3_stmt* mStatement;
+};
+
+// A whole number stays exact where SQLite can hold it.
+int BindDecimal(sqlite3_stmt* statement, int index, const Decimal& value) {
+    const Decimal number = value.Normalized();
+    if (number.Scale() == 0 && number.High() == 0 && number.Low() >> 63 == 0) {
+        return sqlite3_bind_int64(statement, index, number.ToInt64());
+    }
+    return sqlite3_bind_double(statement, index, number.ToDouble());
+}
+
+}  // namespace
+
+Statement::Statement(sqlite3* db, std::string_view sql, std::string_view* rest) {
+    sqlite3_stmt* handle = nullptr;
+    const char* tail = nullptr;
+    const int code =
+        sqlite3_prepare_v3(db, sql.data(), static_cast<int>(sql.size()), SQLITE_PREPARE_PERSISTENT, &handle, &tail);
+    mHandle.reset(handle);
+    if (code != SQLITE_OK) RaiseEngineError(db, code);
+    if (rest) *rest = sql.substr(static_cast<std::size_t>(tail - sql.data()));
+}
+
+bool Statement::Bind(int index, const Variant& value) {
+    sqlite3_stmt* handle = mHandle.get();
+    int code = SQLITE_OK;
+    switch (value.Type()) {
+        case VarType::Boolean:
+        case VarType::Byte:
+        case VarType::Integer:
+        case VarType::Long:
+            code = sqlite3_bind_int(handle, index, ToLong(value));
+            break;
+        case VarType::Single:
+        case VarType::Double:
+        case VarType::Currency:
+            code = sqlite3_bind_double(handle, index, ToDouble(value));
+            break;
+        case VarType::Decimal:
+            code = BindDecimal(handle, index, value.AsDecimal());
+            break;
+        case VarType::Date:
+            code = sqlite3_bind_double(handle, index, value.AsDate().days);
+            break;
+        case VarType::String: {
+            const Text& text = value.AsText();
+            code = sqlite3_bind_text64(handle, index, reinterpret_cast<const char*>(text.data()),
+                                       text.size() * sizeof(char16_t), SQLITE_TRANSIENT, SQLITE_UTF16);
+            break;
+        }
+        case VarType::Array: {
+            if (value.AsArray().ElementType() != VarType::Byte) return false;
+            const std::span<const std::uint8_t> bytes = value.AsArray().Bytes();
+            code = sqlite3_bind_blob64(handle, index, bytes.data(), bytes.size(), SQLITE_TRANSIENT);
+            break;
+        }
+        default:
+            return false;
+    }
+    if (code == SQLITE_TOOBIG) return false;
+    if (code != SQLITE_OK) RaiseEngineError(sqlite3_db_handle(handle), code);
+    return true;
+}
+
+RowStore Statement::ReadRows(std::size_t width, std::size_t limit) {
+    RowStore rows(width);
+    Run run(mHandle.get());
+    while (rows.size() < limit && run.Step()) {
+        // The number can change with the schema of the file, for which a statement prepares itself anew.
+        if (static_cast<std::size_t>(Columns()) != width) Raise(ErrorNumber::ObjectDamaged);
+        rows.Append(mHandle.get());
+    }
+    return rows;
+}
+
+}  // namespace ov::sqlite

@@ -1,0 +1,59 @@
+/// @file
+/// The one implementation of the typed collections.
+#pragma once
+
+#include "contract/collections.h"
+#include "platform/automation/collection.h"
+#include "platform/automation/object.h"
+
+namespace ov {
+
+/// A typed collection: a keyed collection of plain objects seen as @p Element. Two of them may show one list.
+template <class Element>
+class TypedList final : public Object<TypedList<Element>, Facet<TypedCollection<Element>>> {
+public:
+    // The name of the class is that of its interface less the underscore.
+    static constexpr const char* kClassName = CollectionIdentity<Element>::kName + 1;
+
+    TypedList() : mCollection(MakeObject<Collection>()) {}
+
+    Ref<Element> Add(Element* obj, const Text& key) override {
+        mCollection->RemoveKey(key);
+        mCollection->TryAdd(key, Variant(static_cast<IDispatch*>(obj)));
+        return obj;
+    }
+    std::int32_t Count() override { return mCollection->Count(); }
+    void Remove(const Text& key) override { mCollection->RemoveKey(key); }
+    Ref<Element> get_Item(const Text& key) override { return AsElement(mCollection->Find(key)); }
+    void set_Item(const Text& key, Element* value) override { Add(value, key); }
+    Ref<IEnumVariant> NewEnum() override { return mCollection->NewEnum(); }
+    bool Inside(const Text& key) override { return mCollection->Find(key) != nullptr; }
+    void Clear() override { mCollection->Clear(); }
+    Ref<Element> get_first() override {
+        std::size_t cursor = 0;
+        return AsElement(mCollection->Next(cursor));
+    }
+
+    /// The list behind this view.
+    const Ref<Collection>& Underlying() const noexcept { return mCollection; }
+    /// Makes this a view of another collection's list.
+    void SetUnderlying(Ref<Collection> collection) { mCollection = std::move(collection); }
+
+    /// Calls @p visit with each element in order, until it answers false. Stands changes of the list meanwhile.
+    template <class Visit>
+    void ForEach(Visit visit) {
+        const Ref<Collection> list = mCollection;
+        std::size_t cursor = 0;
+        while (const Variant* item = list->Next(cursor)) {
+            const Ref<Element> element = AsElement(item);
+            if (element && !visit(*element)) return;
+        }
+    }
+
+private:
+    static Ref<Element> AsElement(const Variant* item) { return item ? facet<Element>(item->AsObject()) : nullptr; }
+
+    Ref<Collection> mCollection;
+};
+
+}  // namespace ov

@@ -1,0 +1,194 @@
+#include "platform/system/file_system.h"
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include <fstream>
+#include <functional>
+
+#include "platform/automation/errors.h"
+#include "support/temporary_folder.h"
+
+namespace ov::file_system {
+namespace {
+
+using ::ov::testing::TemporaryFolder;
+namespace fs = std::filesystem;
+
+// Number of the run-time error that `action` raises; 0 if it does not.
+std::int32_t ErrorOf(const std::function<void()>& action) {
+    try {
+        action();
+    } catch (const RuntimeError& error) {
+        return error.number();
+    }
+    return 0;
+}
+
+void SetTime(const std::string& path, time_t seconds, long nanoseconds) {
+    const timespec times[2] = {{0, UTIME_OMIT}, {seconds, nanoseconds}};
+    ASSERT_EQ(utimensat(AT_FDCWD, path.c_str(), times, 0), 0);
+}
+
+std::size_t FilesIn(const TemporaryFolder& folder) {
+    return static_cast<std::size_t>(std::distance(fs::directory_iterator(folder.path()), fs::directory_iterator()));
+}
+
+TEST(FileSystem, TakesPathsApart) {
+    const struct {
+        const char16_t *path, *parent, *base, *extension;
+        bool absolute;
+    } cases[] = {
+        {u"", u"", u"", u"", false},
+        {u"a", u"", u"a", u"", false},
+        {u"a/b.mdb", u"a", u"b", u"mdb", false},
+        {u"a\\b\\c.tar.gz", u"a\\b", u"c.tar", u"gz", false},
+        {u"a\\b/c.", u"a\\b", u"c", u"", false},
+        {u"a.b/c", u"a.b", u"c", u"", false},
+        {u"a/b.c/", u"a", u"b", u"c", false},
+        {u"a//b\\\\", u"a", u"b", u"", false},
+        {u"/a", u"/", u"a", u"", true},
+        {u"/", u"", u"", u"", true},
+        {u"\\\\server\\share", u"\\\\server", u"share", u"", true},
+        {u"C:\\a.b", u"C:\\", u"a", u"b", true},
+        {u"c:/", u"", u"", u"", true},
+        {u"C:a", u"", u"C:a", u"", false},
+        {u".profile", u"", u"", u"profile", false},
+    };
+    for (const auto& [path, parent, base, extension, absolute] : cases) {
+        SCOPED_TRACE(Text(path).ToUtf8());
+        EXPECT_EQ(GetParentFolderName(path).ToUtf8(), Text(parent).ToUtf8());
+        EXPECT_EQ(GetBaseName(path).ToUtf8(), Text(base).ToUtf8());
+        EXPECT_EQ(GetExtensionName(path).ToUtf8(), Text(extension).ToUtf8());
+        EXPECT_EQ(IsAbsolute(path), absolute);
+    }
+}
+
+TEST(FileSystem, BuildsPathsWithOneSeparator) {
+    const struct {
+        const char16_t *folder, *name, *path;
+    } cases[] = {
+        {u"a", u"b", u"a/b"},         {u"", u"b", u"b"},          {u"a", u"", u"a"},       {u"", u"", u""},
+        {u"a\\", u"b", u"a\\b"},      {u"a", u"\\b", u"a\\b"},    {u"a/", u"\\b", u"a/b"}, {u"/", u"b", u"/b"},
+        {u"C:\\x", u"y", u"C:\\x/y"}, {u"a//", u"//b/", u"a/b/"}, {u"a", u"/", u"a/"},
+    };
+    for (const auto& [folder, name, path] : cases)
+        EXPECT_EQ(BuildPath(folder, name).ToUtf8(), Text(path).ToUtf8());
+}
+
+TEST(FileSystem, ReadsBackslashesAsSeparatorsUnlessAFileHasThem) {
+    const TemporaryFolder folder;
+    CreateFolder(folder.Of("sub"));
+    WriteFile(folder.Of("sub\\ä.txt"), "inside", false);
+    EXPECT_TRUE(fs::exists(folder / "sub/ä.txt"));
+    EXPECT_TRUE(FileExists(folder.Of("sub\\ä.txt")));
+    EXPECT_FALSE(FileExists(folder.Of("sub\\")));
+    EXPECT_TRUE(FolderExists(folder.Of("sub\\")));
+    std::ofstream(folder / "sub\\ä.txt") << "of the very name";
+    EXPECT_EQ(ReadFile(folder.Of("sub\\ä.txt")), "of the very name");
+    EXPECT_EQ(ReadFile(folder.Of("sub/ä.txt")), "inside");
+}
+
+TEST(FileSystem, WritesAndAppends) {
+    const TemporaryFolder folder;
+    const Text path = folder.Of("file");
+    WriteFile(path, "one", true);
+    WriteFile(path, std::string("\0two", 4), true);
+    EXPECT_EQ(ReadFile(path), std::string("one\0two", 7));
+    WriteFile(path, "3", false);
+    EXPECT_EQ(ReadFile(path), "3");
+    const std::string large(300'000, 'x');
+    WriteFile(path, large, false);
+    EXPECT_EQ(ReadFile(path), large);
+}
+
+TEST(FileSystem, CopyKeepsTheTimeToTheNanosecond) {
+    const TemporaryFolder folder;
+    const std::string content(700'001, 'c');
+    WriteFile(folder.Of("from"), content, false);
+    for (const auto& [seconds, nanoseconds] : {std::pair<time_t, long>{1'000'000'000, 123'456'789}, {-5, 1}, {0, 0}}) {
+        SetTime(folder / "from", seconds, nanoseconds);
+        CopyFile(folder.Of("from"), folder.Of("to"), true);
+        EXPECT_EQ(DateLastModified(folder.Of("to")), seconds * 1'000'000'000 + nanoseconds);
+        EXPECT_EQ(ReadFile(folder.Of("to")), content);
+    }
+    EXPECT_EQ(FilesIn(folder), 2u) << "no temporary file stays";
+    EXPECT_EQ(DateLastModified(folder.Of("none")), std::nullopt);
+    EXPECT_EQ(DateLastModified(Text::FromUtf8(folder.path())), std::nullopt);
+}
+
+TEST(FileSystem, CopyReplacesTheFileNotWhatReadersHaveOpen) {
+    const TemporaryFolder folder;
+    WriteFile(folder.Of("from"), "new", false);
+    WriteFile(folder.Of("real"), "old", false);
+    fs::create_symlink("real", folder / "link");
+    std::ifstream reader(folder / "real");
+    CopyFile(folder.Of("from"), folder.Of("link"), true);
+    EXPECT_TRUE(fs::is_symlink(folder / "link"));
+    EXPECT_EQ(ReadFile(folder.Of("real")), "new");
+    EXPECT_EQ(std::string(std::istreambuf_iterator<char>(reader), {}), "old");
+    CopyFile(folder.Of("real"), folder.Of("real"), true);
+    EXPECT_EQ(ReadFile(folder.Of("real")), "new");
+}
+
+TEST(FileSystem, FailuresHaveTheirNumbersAndChangeNothing) {
+    const TemporaryFolder folder;
+    const Text file = folder.Of("file");
+    const Text here = Text::FromUtf8(folder.path());
+    const Text missing = folder.Of("missing");
+    const Text below = folder.Of("file/below");
+    const Text nowhere = folder.Of("no/where");
+    const Text withZero = file + std::u16string_view(u"\0x", 2);
+    WriteFile(file, "content", false);
+    WriteFile(folder.Of("other"), "other", false);
+    ASSERT_EQ(mkfifo((folder / "pipe").c_str(), 0600), 0);
+    const struct {
+        const char* what;
+        std::int32_t number;
+        std::function<void()> action;
+    } cases[] = {
+        {"copy of nothing", 53, [&] { CopyFile(missing, folder.Of("to"), true); }},
+        {"copy of a folder", 53, [&] { CopyFile(here, folder.Of("to"), true); }},
+        {"copy of a pipe", 53, [&] { CopyFile(folder.Of("pipe"), folder.Of("to"), true); }},
+        {"copy without overwriting", 58, [&] { CopyFile(file, folder.Of("other"), false); }},
+        {"copy into no folder", 76, [&] { CopyFile(file, nowhere, true); }},
+        {"copy below a file", 76, [&] { CopyFile(file, below, true); }},
+        {"copy over a folder", 75, [&] { CopyFile(file, here, true); }},
+        {"read of nothing", 53, [&] { ReadFile(missing); }},
+        {"read below a file", 53, [&] { ReadFile(below); }},
+        {"read of a folder", 75, [&] { ReadFile(here); }},
+        {"read of a name with a zero", 75, [&] { ReadFile(withZero); }},
+        {"write into no folder", 76, [&] { WriteFile(nowhere, "x", true); }},
+        {"write below a file", 76, [&] { WriteFile(below, "x", false); }},
+        {"write to a folder", 75, [&] { WriteFile(here, "x", false); }},
+        {"write to no name", 76, [&] { WriteFile(Text(), "x", false); }},
+        {"replacing in no folder", 76, [&] { ReplaceFile(nowhere, "x"); }},
+        {"folder in no folder", 76, [&] { CreateFolder(nowhere); }},
+        {"folder below a file", 76, [&] { CreateFolder(below); }},
+        {"folder on a file", 75, [&] { CreateFolder(file); }},
+        {"folder on a folder", 0, [&] { CreateFolder(here); }},
+    };
+    const std::size_t before = FilesIn(folder);
+    for (const auto& [what, number, action] : cases) {
+        EXPECT_EQ(ErrorOf(action), number) << what;
+    }
+    EXPECT_EQ(FilesIn(folder), before);
+    EXPECT_EQ(ReadFile(folder.Of("other")), "other");
+    EXPECT_FALSE(FileExists(withZero));
+    CopyFile(file, folder.Of("fresh"), false);
+    EXPECT_EQ(ReadFile(folder.Of("fresh")), "content");
+}
+
+TEST(FileSystem, ReplacingKeepsThePermissions) {
+    const TemporaryFolder folder;
+    ReplaceFile(folder.Of("file"), "one");
+    fs::permissions(folder / "file", fs::perms(0640));
+    ReplaceFile(folder.Of("file"), "two");
+    EXPECT_EQ(ReadFile(folder.Of("file")), "two");
+    EXPECT_EQ(fs::status(folder / "file").permissions(), fs::perms(0640));
+    EXPECT_EQ(FilesIn(folder), 1u);
+}
+
+}  // namespace
+}  // namespace ov::file_system

@@ -1,0 +1,47 @@
+/// @file
+/// What the subcommands share: how they are added, how they end, how they write.
+#pragma once
+
+#include <CLI/CLI.hpp>
+#include <nlohmann/json.hpp>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "module/module.h"
+
+namespace ovmodel {
+
+/// Keys keep the order in which they were written.
+using Json = nlohmann::ordered_json;
+
+/// Ends the tool with one clear line on standard error and status 1.
+class Failure : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
+
+void AddTypesCommand(CLI::App& app);
+void AddInfoCommand(CLI::App& app);
+void AddTextCommand(CLI::App& app);
+void AddPackCommand(CLI::App& app);
+
+/// A module on the descriptor @p database. @throws Failure with the reason if it cannot be opened
+ov::Ref<ov::Module> OpenDescriptor(const std::string& database);
+
+/// Loads @p type. @throws Failure, for an unknown type with the ones that there are
+void LoadType(ov::Module& module, const std::string& database, const std::string& type);
+
+/// The names of the module types that the descriptor offers.
+std::vector<std::string> TypeNames(ov::Module& module);
+
+/// The one of @p names that @p name may have been meant to be, or "".
+std::string ClosestName(const std::string& name, const std::vector<std::string>& names);
+
+/// Writes JSON, indented.
+void Print(const Json& json);
+
+/// Writes rows in columns as wide as their texts.
+void PrintTable(const std::vector<std::vector<std::string>>& rows);
+
+}  // namespace ovmodel

@@ -1,6 +1,5 @@
 #include "figures.h"
 
-#include <cmath>
 #include <iomanip>
 
 namespace ov::bench {
@@ -15,7 +14,7 @@ void FigureReporter::ReportRuns(const std::vector<Run>& runs) {
             if (measured == run.counters.end()) continue;
             const std::string arguments = run.run_name.args.empty() ? "" : "/" + run.run_name.args;
             mFigures.push_back({run.run_name.function_name + arguments, measured->second.value,
-                                limit == run.counters.end() ? std::nan("") : limit->second.value, unit});
+                                limit == run.counters.end() ? std::nullopt : std::optional(limit->second.value), unit});
         }
     }
 }
@@ -35,9 +34,9 @@ void FigureReporter::Finalize() {
         const int places = figure.unit[0] == 'x' ? 2 : 0;
         out << std::left << std::setw(nameWidth) << figure.name << std::right << std::fixed << std::setprecision(places)
             << std::setw(9) << figure.measured << ' ' << figure.unit;
-        if (!std::isnan(figure.limit)) {
-            out << std::setw(9) << figure.limit << ' ' << figure.unit
-                << (figure.measured <= figure.limit ? "  ok" : "  MISSED");
+        if (figure.limit) {
+            out << std::setw(9) << *figure.limit << ' ' << figure.unit
+                << (figure.measured <= *figure.limit ? "  ok" : "  MISSED");
         }
         out << '\n';
     }

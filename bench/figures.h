@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <chrono>
 #include <limits>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -37,9 +38,11 @@ double SecondsOf(Run& run) {
 }
 
 /// Times @p subject and its peers by turns and reports how the fastest turns of each compare, since what disturbs a
-/// turn only makes it slower. Registered with UseManualTime; the time shown is the subject's.
+/// turn only makes it slower. Registered with UseManualTime; the time shown is the subject's. A figure that only
+/// informs has no limit.
 template <class Subject, class Peer, class... Others>
-void Compare(benchmark::State& state, double limit, Subject subject, Peer peer, AlsoBeside<Others>... others) {
+void Compare(benchmark::State& state, std::optional<double> limit, Subject subject, Peer peer,
+             AlsoBeside<Others>... others) {
     double subjectFastest = std::numeric_limits<double>::infinity();
     double peerFastest = subjectFastest;
     for (auto _ : state) {
@@ -50,7 +53,7 @@ void Compare(benchmark::State& state, double limit, Subject subject, Peer peer, 
         state.SetIterationTime(seconds);
     }
     state.counters["ratio"] = subjectFastest / peerFastest;
-    state.counters["limit"] = limit;
+    if (limit) state.counters["limit"] = *limit;
     ((state.counters[others.counter] = subjectFastest / others.fastest), ...);
 }
 
@@ -66,7 +69,7 @@ private:
     struct Figure {
         std::string name;
         double measured;
-        double limit;  // NaN for none
+        std::optional<double> limit;
         const char* unit;
     };
 

@@ -3,6 +3,9 @@ include(CMakePackageConfigHelpers)
 
 add_library(ov_model SHARED)
 target_link_libraries(ov_model PRIVATE ov_model_core)
+# Hidden visibility does not reach templates of the standard library, so the linker sees to it.
+target_link_options(ov_model PRIVATE "LINKER:--version-script=${PROJECT_SOURCE_DIR}/cmake/exports.map")
+set_target_properties(ov_model PROPERTIES LINK_DEPENDS "${PROJECT_SOURCE_DIR}/cmake/exports.map")
 set_target_properties(ov_model PROPERTIES
   VERSION ${PROJECT_VERSION}
   SOVERSION ${PROJECT_VERSION_MAJOR}

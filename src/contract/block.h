@@ -11,7 +11,7 @@
 
 namespace ov {
 
-/// The block for user interfaces. The state questions and commands go to its groups, which load as theirs do.
+/// The block for user interfaces. The state questions and commands go to its groups and load what those load.
 class IBase_GuiBlock : public IDispatch {
 public:
     static constexpr Guid kIid = Guid::Parse("{BFD87A2E-3BA0-4266-954F-08D88173E00F}");
@@ -26,8 +26,8 @@ public:
     virtual void SetUnknown(std::optional<eParameterKind> kind = {}) = 0;     ///< marks the values as unknown
     virtual void LockDataset(std::optional<eParameterKind> kind = {}) = 0;    ///< makes uneditable
     virtual void UnlockDataset(std::optional<eParameterKind> kind = {}) = 0;  ///< ends LockDataset
-    virtual Variant id() = 0;
-    virtual Ref<IBase_GuiChannel> channel() = 0;  ///< Nothing once unloaded
+    virtual Variant id() = 0;                                                 ///< the key in `blocks`
+    virtual Ref<IBase_GuiChannel> channel() = 0;                              ///< Nothing once unloaded
     /// The groups by their position in this block; those of one position in the order of the channel. Never Nothing.
     virtual Ref<CBase_GuiGroupCollection> groups() = 0;
     /// Registers a listener for the events of all parameters of the block's groups. One on a block and one on its

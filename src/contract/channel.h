@@ -39,7 +39,7 @@ public:
     virtual void SetUnknown(std::optional<eParameterKind> kind = {}) = 0;     ///< marks the values as unknown
     virtual void LockDataset(std::optional<eParameterKind> kind = {}) = 0;    ///< makes uneditable; loads
     virtual void UnlockDataset(std::optional<eParameterKind> kind = {}) = 0;  ///< ends LockDataset; loads
-    virtual Variant id() = 0;
+    virtual Variant id() = 0;                                                 ///< the channel's name for rules
     /// The parameter that stands for the whole channel. Loads; Nothing if the descriptor names none or one that is not
     /// there.
     virtual Ref<IBase_GuiParameter> mainValue() = 0;
@@ -65,7 +65,7 @@ public:
     static constexpr const char* kName = "_IBase_SpecChannel";
     static const InterfaceInfo& Members();
 
-    virtual Variant id() = 0;
+    virtual Variant id() = 0;                    ///< that of the Gui facet
     virtual Ref<IBase_SpecModule> module() = 0;  ///< Nothing once unloaded
     /// The groups. Loads; Nothing if that fails.
     virtual Ref<CBase_SpecGroupCollection> groups() = 0;

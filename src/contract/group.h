@@ -39,7 +39,7 @@ public:
     virtual void SetUnknown(std::optional<eParameterKind> kind = {}) = 0;     ///< marks the values as unknown
     virtual void LockDataset(std::optional<eParameterKind> kind = {}) = 0;    ///< makes uneditable; loads
     virtual void UnlockDataset(std::optional<eParameterKind> kind = {}) = 0;  ///< ends LockDataset; loads
-    virtual Variant id() = 0;
+    virtual Variant id() = 0;                                                 ///< the group's name for rules
     /// True if every parameter is for experts only, so True without parameters. Loads; False if that fails.
     virtual bool expertOnly() = 0;
     /// The blocks, at most three, in which this group stands; Nothing once unloaded.
@@ -66,7 +66,7 @@ public:
     static constexpr const char* kName = "_IBase_SpecGroup";
     static const InterfaceInfo& Members();
 
-    virtual Variant id() = 0;
+    virtual Variant id() = 0;                      ///< that of the Gui facet
     virtual Ref<IBase_SpecChannel> channel() = 0;  ///< Nothing once unloaded
     /// The list of IBase_GuiGroup::parameters in this view. Loads; Nothing if that fails.
     virtual Ref<CBase_SpecParameterCollection> parameters() = 0;

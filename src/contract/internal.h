@@ -18,7 +18,7 @@ public:
     static constexpr const char* kName = "_IBase_Internal";
     static const InterfaceInfo& Members();
 
-    virtual eParameterConfigState get_configState() = 0;
+    virtual eParameterConfigState get_configState() = 0;  ///< whether the parameter is in force
     /// Tells OnParameterConfigStateChanged if it changed; the parameter itself does not act on it.
     virtual void let_configState(eParameterConfigState value) = 0;
     /// The mark that a script has read this parameter; rules that read it are run again when it is reconfigured.
@@ -32,7 +32,7 @@ public:
     /// no limits. Tells OnParameterReconfigured, except at the first time.
     /// @returns False, with nothing changed, for other arguments and for a database row that is held already
     virtual bool Config(IDispatch* parent, const Variant& desc) = 0;
-    virtual Variant id() = 0;
+    virtual Variant id() = 0;  ///< that of the other facets
     /// The number, unique in the descriptor, of the row in force.
     virtual std::int32_t DBindex() = 0;
     virtual Ref<CBase_ParamDependency> dependencies() = 0;  ///< never Nothing

@@ -48,10 +48,10 @@ public:
     virtual void SetUnknown() = 0;                    ///< tells OnParameterStateChanged if it was known
     virtual void LockDataset() = 0;                   ///< tells OnParameterReconfigured if `editable` changed
     virtual void UnlockDataset() = 0;                 ///< ends LockDataset, however often that was called
-    virtual Text name() = 0;
-    virtual bool editable() = 0;  ///< False while locked; a hint, writes are not refused
-    virtual Text description() = 0;
-    virtual Text unit() = 0;
+    virtual Text name() = 0;                          ///< "" once unloaded, as are `description` and `html`
+    virtual bool editable() = 0;                      ///< False while locked; a hint, writes are not refused
+    virtual Text description() = 0;                   ///< a sentence for users
+    virtual Text unit() = 0;  ///< as shown behind the value; perhaps by a rule, asked at each read
     /// Name of the plugin that edits the parameter, "" for none; @p args takes the plugin's arguments, without a mark
     /// "#:" or "!:" and not evaluated.
     virtual Text EditPlugin(Text* args = nullptr) = 0;
@@ -62,11 +62,11 @@ public:
     /// What asks for a login; none if the module itself asks for no login.
     virtual eParameterAuthentification authentification() = 0;
     virtual bool trendVariable() = 0;  ///< worth recording over time
-    virtual Text html() = 0;           ///< further description, as markup
+    virtual Text html() = 0;           ///< name of its help file, relative to the database's folder
     /// The number of the parameter's eParameterValueExt as text, such as "0". Not a message for users.
     virtual Text error() = 0;
     virtual Ref<IBase_GuiGroup> group() = 0;  ///< Nothing once unloaded
-    virtual Variant id() = 0;
+    virtual Variant id() = 0;                 ///< the parameter's name for rules
     /// Registers a listener, the first to hear of each event. Registered twice, it is told twice.
     virtual void RegisterCallback(IBase_CallbackParameter* cb) = 0;
     virtual void UnregisterCallback(IBase_CallbackParameter* cb) = 0;  ///< takes off every entry of @p cb
@@ -74,8 +74,8 @@ public:
     /// @p val in the form in which `value` would show it; with @p asRealValue True @p val is in the device view.
     virtual Text FormatValue(const Variant& val, std::optional<bool> asRealValue = {}) = 0;
     virtual void ClearUnknown() = 0;  ///< tells OnParameterStateChanged if it was unknown
-    /// Back to the default of the descriptor, unchecked, as if never written; `modified` compares as before. Tells
-    /// OnParameterValueChanged if that changed the value.
+    /// Back to the default of the descriptor, unchecked, as if never written, and known; `modified` compares as before.
+    /// Tells OnParameterValueChanged if that changed the value, else what ClearUnknown tells.
     virtual void ResetValue() = 0;
 };
 
@@ -91,9 +91,10 @@ public:
 /// - `byteOrder`: of numbers; `eMiddleEndian` is none that an array of bytes can have, which stays as it is.
 ///
 /// They answer False, and raise nothing, for a field that lies outside the image or a width that the class cannot
-/// transfer; bytes that were written before the failure stay. An import writes as let_realvalue does, and a failed one
-/// may leave the state `eParamValueExtErrorSettingValue`. An ENVString has no place in an image: its exports do
-/// nothing and answer True, its imports ask the host for the value through the module's environment.
+/// transfer; bytes that were written before the failure stay. An import of less than 8 bits takes what lies outside
+/// for 0. Imports write as let_realvalue does; a failed one may leave the state `eParamValueExtErrorSettingValue`. An
+/// ENVString has no place in an image: its exports do nothing and answer True, its imports ask the host for the value
+/// through the module's environment.
 class IBase_SpecParameter : public IDispatch {
 public:
     static constexpr Guid kIid = Guid::Parse("{08F18256-6983-44BB-9BD9-7D07C72CE0A6}");
@@ -118,7 +119,7 @@ public:
     /// A column of the parameter's row: as it is stored, or, with @p asScript True, with a rule in it evaluated. Empty
     /// for a missing column.
     virtual Variant desc(const Text& fieldname, std::optional<bool> asScript = {}) = 0;
-    virtual Variant id() = 0;
+    virtual Variant id() = 0;                      ///< that of the Gui facet
     virtual eParameterKind kind() = 0;             ///< one kind
     virtual bool valid() = 0;                      ///< True if `configState` is valid
     virtual eParameterDirection direction() = 0;   ///< whether the device's copy is read or written

@@ -42,9 +42,8 @@ public:
     /// Calls @p visit with each element in order, until it answers false. Stands changes of the list meanwhile.
     template <class Visit>
     void ForEach(Visit visit) {
-        const Ref<Collection> list = mCollection;
-        std::size_t cursor = 0;
-        while (const Variant* item = list->Next(cursor)) {
+        Collection::Walk walk(mCollection);
+        while (const Variant* item = walk.Next()) {
             const Ref<Element> element = AsElement(item);
             if (element && !visit(*element)) return;
         }

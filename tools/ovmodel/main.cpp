@@ -19,6 +19,18 @@ void AddGlobalOptions(CLI::App& app) {
         ->type_name("NAME");
 }
 
+// The line for arguments that do not fit.
+std::string UsageError(const CLI::App& app, const CLI::ParseError& error) {
+    const std::vector<std::string> unread = app.remaining();
+    if (unread.empty() || !app.get_subcommands().empty()) return error.what();
+    std::vector<std::string> names;
+    for (const CLI::App* command : app.get_subcommands(nullptr)) {
+        names.push_back(command->get_name());
+    }
+    const std::string closest = ovmodel::ClosestName(unread.front(), names);
+    return "no command '" + unread.front() + "'" + (closest.empty() ? "" : "; did you mean '" + closest + "'?");
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -36,7 +48,7 @@ int main(int argc, char** argv) {
     } catch (const CLI::Success& success) {
         return app.exit(success);
     } catch (const CLI::ParseError& error) {
-        std::cerr << "ovmodel: " << error.what() << " (see ovmodel --help)\n";
+        std::cerr << "ovmodel: " << UsageError(app, error) << " (see ovmodel --help)\n";
         return 2;
     } catch (const std::exception& error) {
         std::cerr << "ovmodel: " << error.what() << "\n";

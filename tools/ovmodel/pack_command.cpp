@@ -59,11 +59,11 @@ private:
 using Connection = std::unique_ptr<sqlite3, decltype(&sqlite3_close)>;
 using Statement = std::unique_ptr<sqlite3_stmt, decltype(&sqlite3_finalize)>;
 
-Connection Create(const std::string& path) {
+Connection Create(const std::string& path, const std::string& target) {
     sqlite3* handle = nullptr;
     const int status = sqlite3_open_v2(path.c_str(), &handle, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, nullptr);
     Connection connection(handle, &sqlite3_close);
-    if (status != SQLITE_OK) throw Failure("cannot write '" + path + "': " + sqlite3_errstr(status));
+    if (status != SQLITE_OK) throw Failure("cannot write '" + target + "': " + sqlite3_errstr(status));
     return connection;
 }
 
@@ -129,7 +129,7 @@ void Pack(const std::string& source, const std::string& target, bool force) {
     if (!force && fs::exists(target)) throw Failure("'" + target + "' exists; use --force to replace it");
     UnfinishedFile file(target);
     {
-        const Connection database = Create(file.path());
+        const Connection database = Create(file.path(), target);
         // One transaction, and no journal for a file that is thrown away on a failure.
         sqlite3_exec(database.get(), "PRAGMA journal_mode = OFF; PRAGMA synchronous = OFF", nullptr, nullptr, nullptr);
         Script(source, sql).Run(database.get());

@@ -22,8 +22,8 @@ template <class Name>
 std::uint32_t HashName(const Name& name) noexcept {
     if (name.empty()) return 0;
     const auto folded = [&name](std::size_t at) { return std::uint32_t{Fold(static_cast<char16_t>(name[at]))}; };
-    const std::uint32_t sample = folded(0) ^ folded(name.size() / 2) << 8 ^ folded(name.size() - 1) << 16;
-    return ((sample ^ static_cast<std::uint32_t>(name.size()) << 3) * 2654435769u) >> 16;
+    const std::uint32_t sample = folded(0) ^ (folded(name.size() / 2) << 8) ^ (folded(name.size() - 1) << 16);
+    return ((sample ^ (static_cast<std::uint32_t>(name.size()) << 3)) * 2654435769u) >> 16;
 }
 
 bool SameName(std::u16string_view text, std::string_view name) noexcept {

@@ -40,27 +40,32 @@ struct Marshal<Variant> {
     static bool Changed(const Variant&, const Variant&) { return true; }
 };
 
-template <class T, T (*Convert)(const Variant&)>
-struct MarshalByConversion {
-    static T From(const Variant& value) { return Convert(value); }
+/// A type that a Variant holds as @p kType: taken as it is, converted from any other.
+template <class T, VarType kType, auto kAccessor, T (*kConvert)(const Variant&)>
+struct MarshalAsHeld {
+    static T From(const Variant& value) { return value.Type() == kType ? (value.*kAccessor)() : kConvert(value); }
     static Variant To(T value) { return Variant(std::move(value)); }
     static bool Changed(const T& before, const T& after) { return !(before == after); }
 };
 
 template <>
-struct Marshal<std::uint8_t> : MarshalByConversion<std::uint8_t, ToByte> {};
+struct Marshal<std::uint8_t> : MarshalAsHeld<std::uint8_t, VarType::Byte, &Variant::AsByte, ToByte> {};
 template <>
-struct Marshal<std::int16_t> : MarshalByConversion<std::int16_t, ToInteger> {};
+struct Marshal<std::int16_t> : MarshalAsHeld<std::int16_t, VarType::Integer, &Variant::AsInteger, ToInteger> {};
 template <>
-struct Marshal<std::int32_t> : MarshalByConversion<std::int32_t, ToLong> {};
+struct Marshal<std::int32_t> : MarshalAsHeld<std::int32_t, VarType::Long, &Variant::AsLong, ToLong> {};
 template <>
-struct Marshal<float> : MarshalByConversion<float, ToSingle> {};
+struct Marshal<float> : MarshalAsHeld<float, VarType::Single, &Variant::AsSingle, ToSingle> {};
 template <>
-struct Marshal<double> : MarshalByConversion<double, ToDouble> {};
+struct Marshal<double> : MarshalAsHeld<double, VarType::Double, &Variant::AsDouble, ToDouble> {};
 template <>
-struct Marshal<bool> : MarshalByConversion<bool, ToBoolean> {};
+struct Marshal<bool> : MarshalAsHeld<bool, VarType::Boolean, &Variant::AsBoolean, ToBoolean> {};
 template <>
-struct Marshal<Text> : MarshalByConversion<Text, ToText> {};
+struct Marshal<Text> {
+    static Text From(const Variant& value) { return value.IsString() ? value.AsText() : ToText(value); }
+    static Variant To(Text value) { return Variant(std::move(value)); }
+    static bool Changed(const Text& before, const Text& after) { return !(before == after); }
+};
 
 template <>
 struct Marshal<Array> {

@@ -110,7 +110,7 @@ protected:
     Variant Call(std::u16string_view name, std::array<Variant, N>& values, CallKind kind = CallKind::Call) {
         const DispId id = name.empty() ? kDispIdValue : mCalls->GetIDsOfNames(name);
         Arguments arguments{values};
-        const Variant result = mCalls->Dispatch()->Invoke(id, kind, arguments);
+        Variant result = mCalls->Dispatch()->Invoke(id, kind, arguments);
         mWritten = arguments.written;
         return result;
     }

@@ -5,6 +5,7 @@
 #include <array>
 #include <functional>
 
+#include "platform/automation/enumeration.h"
 #include "platform/automation/member.h"
 #include "platform/automation/record_field.h"
 #include "platform/automation/variant_testing.h"
@@ -60,7 +61,7 @@ protected:
     virtual Text ValueText() = 0;
 };
 
-class Sample final : public Object<Sample, NumberFacet, TextFacet> {
+class Sample final : public Object<Sample, NumberFacet, FacetGroup<TextFacet, Facet<IEnumVariant>>> {
 public:
     static constexpr const char* kClassName = "Sample";
 
@@ -74,6 +75,8 @@ public:
     void let_value(std::int32_t value) override { mValue = value; }
     Text ValueText() override { return Text::FromInteger(mValue) + u" text"; }
     Text name() override { return u"sample"; }
+    bool Next(Variant&) override { return false; }
+    void Reset() override {}
     void OnFinalRelease() noexcept {
         if (onFinalRelease) onFinalRelease(this);
     }
@@ -111,6 +114,7 @@ TEST(ObjectTest, HasOneIdentity) {
     const Ref<ITextView> text = facet<ITextView>(number);
     EXPECT_EQ(facet<IUnknown>(number), facet<IUnknown>(text));
     EXPECT_EQ(facet<INumberView>(facet<IUnknown>(text)), number);
+    EXPECT_EQ(facet<IUnknown>(facet<IEnumVariant>(number)), facet<IUnknown>(text));  // the second one of a group
     EXPECT_TRUE(SameObject(number.get(), text.get()));
     EXPECT_FALSE(SameObject(number.get(), other->Dispatch()));
     EXPECT_FALSE(SameObject(number.get(), nullptr));

@@ -133,7 +133,8 @@ std::optional<double> RealNumber(const Cell& cell) noexcept {
 
 Variant DecodeSingle(const Cell& cell) {
     const std::optional<double> value = RealNumber(cell);
-    const bool fits = value && (std::isinf(*value) || std::abs(*value) <= double{std::numeric_limits<float>::max()});
+    constexpr auto kMax = static_cast<double>(std::numeric_limits<float>::max());
+    const bool fits = value && (std::isinf(*value) || std::abs(*value) <= kMax);
     return fits ? Variant(static_cast<float>(*value)) : Variant(TextOf(cell));
 }
 

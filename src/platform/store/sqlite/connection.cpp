@@ -15,7 +15,7 @@ void Check(sqlite3* db, int code) {
     if (code != SQLITE_OK) RaiseEngineError(db, code);
 }
 
-// What a file that nobody vouches for must not do, in the order of SQLite's own advice.
+// What SQLite advises for files that nobody vouches for.
 void Secure(sqlite3* db) {
     Check(db, sqlite3_db_config(db, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr));
     Check(db, sqlite3_db_config(db, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr));
@@ -29,8 +29,8 @@ void Secure(sqlite3* db) {
         int value;
     };
     // Far above what a descriptor needs.
-    for (const Limit limit : {Limit{SQLITE_LIMIT_LENGTH, 64 << 20}, Limit{SQLITE_LIMIT_SQL_LENGTH, 1 << 20},
-                              Limit{SQLITE_LIMIT_EXPR_DEPTH, 200}, Limit{SQLITE_LIMIT_COMPOUND_SELECT, 100},
+    for (const Limit limit : {Limit{SQLITE_LIMIT_LENGTH, 16 << 20}, Limit{SQLITE_LIMIT_SQL_LENGTH, 1 << 20},
+                              Limit{SQLITE_LIMIT_EXPR_DEPTH, 500}, Limit{SQLITE_LIMIT_COMPOUND_SELECT, 100},
                               Limit{SQLITE_LIMIT_ATTACHED, 0}, Limit{SQLITE_LIMIT_TRIGGER_DEPTH, 1}}) {
         sqlite3_limit(db, limit.id, limit.value);
     }
@@ -164,7 +164,7 @@ QueryResult Connection::RunQuery(const SqlText& sql) {
     const SqliteQuery rewritten = sql.Rewrite();
     Query& query = FindQuery(rewritten);
     for (std::size_t i = 0; i < rewritten.values.size(); ++i) {
-        query.statement.Bind(static_cast<int>(i) + 1, rewritten.values[i]);
+        if (!query.statement.Bind(static_cast<int>(i) + 1, rewritten.values[i])) throw BadQuery(u"value is too long");
     }
     return {query.shape, query.statement.ReadRows(query.shape->columns.size())};
 }

@@ -13,7 +13,7 @@
 
 #include "platform/automation/text.h"
 #include "platform/store/sqlite/row_shape.h"
-#include "platform/store/sqlite/sql_rewrite.h"
+#include "platform/store/sqlite/sql_text.h"
 #include "platform/store/sqlite/statement.h"
 #include "platform/store/sqlite/table.h"
 
@@ -95,10 +95,5 @@ private:
     std::unordered_map<std::string_view, std::list<Query>::iterator> mQueryIndex;
     std::optional<std::unordered_map<std::u16string, Variant>> mProperties;
 };
-
-/// Opens the file @p path, which exists. @returns nullptr if it is no database of SQLite
-/// @param exclusive the file must be this process's alone; then it is read even where no lock can be had
-/// @throws RuntimeError 3050 for a file that another holds, others of the engine
-std::shared_ptr<Connection> OpenFile(const std::string& path, bool exclusive);
 
 }  // namespace ov::sqlite

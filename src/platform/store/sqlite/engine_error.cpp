@@ -69,6 +69,7 @@ RuntimeError EngineError(int code, std::string_view words) {
         case SQLITE_NOTADB:
             return RuntimeError(ErrorNumber::UnrecognizedFormat);
         case SQLITE_NOMEM:
+        case SQLITE_INTERRUPT:  // a query that takes too much
         case SQLITE_FULL:
             return RuntimeError(ErrorNumber::OutOfMemory);
         case SQLITE_AUTH:

@@ -1,4 +1,5 @@
-// How a database file is opened. SQLite's own locks tell whether another process is at it.
+#include "platform/store/sqlite/file_opening.h"
+
 #include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -9,7 +10,6 @@
 #include <string_view>
 
 #include "platform/automation/errors.h"
-#include "platform/store/sqlite/connection.h"
 #include "platform/store/sqlite/engine_error.h"
 
 namespace ov::sqlite {
@@ -51,8 +51,8 @@ Handle OpenHandle(const std::string& path, Locking locking) {
     return handle;
 }
 
-// The descriptor under which SQLite has opened `file`. One of our own would not do: closing it would drop all locks
-// that this process has on the file, under whatever descriptor.
+// A descriptor under which this process has opened `file` already: SQLite's. One of our own would not do, since closing
+// it would drop all locks that the process has on the file, under whatever descriptor.
 int FindDescriptor(const Status& file) {
     DIR* folder = opendir("/proc/self/fd");
     if (!folder) return -1;

@@ -8,7 +8,7 @@
 #include "platform/automation/errors.h"
 #include "platform/locale/locale.h"
 #include "platform/store/sqlite/like_pattern.h"
-#include "platform/store/sqlite/sql_rewrite.h"
+#include "platform/store/sqlite/sql_text.h"
 
 namespace ov::sqlite {
 

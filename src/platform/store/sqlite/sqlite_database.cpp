@@ -1,7 +1,7 @@
 #include "platform/store/sqlite/sqlite_database.h"
 
 #include "platform/store/sqlite/engine_error.h"
-#include "platform/store/sqlite/sql_rewrite.h"
+#include "platform/store/sqlite/sql_text.h"
 #include "platform/store/sqlite/sqlite_recordset.h"
 
 namespace ov::sqlite {

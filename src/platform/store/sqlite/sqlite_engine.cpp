@@ -1,6 +1,6 @@
 #include "platform/automation/errors.h"
 #include "platform/automation/object.h"
-#include "platform/store/sqlite/connection.h"
+#include "platform/store/sqlite/file_opening.h"
 #include "platform/store/sqlite/sqlite_database.h"
 #include "platform/store/store.h"
 #include "platform/system/file_system.h"

@@ -7,13 +7,20 @@ namespace ov::sqlite {
 
 namespace {
 
-// Ends the run of a statement, and with it the lock, however the run ends.
+// The run of a statement: it ends, and with it the lock, however it ends. SQLite sorts in memory; where a query would
+// have more of it than a result may take, it is broken off.
 class Run {
 public:
-    explicit Run(sqlite3_stmt* statement) noexcept : mStatement(statement) {}
+    explicit Run(sqlite3_stmt* statement) noexcept : mStatement(statement), mMemoryBefore(sqlite3_memory_used()) {
+        constexpr int kInstructions = 1'000;  // between two looks
+        sqlite3_progress_handler(sqlite3_db_handle(statement), kInstructions, &TakesTooMuch, this);
+    }
     Run(const Run&) = delete;
     Run& operator=(const Run&) = delete;
-    ~Run() { sqlite3_reset(mStatement); }
+    ~Run() {
+        sqlite3_reset(mStatement);
+        sqlite3_progress_handler(sqlite3_db_handle(mStatement), 0, nullptr, nullptr);
+    }
 
     bool Step() {
         const int code = sqlite3_step(mStatement);
@@ -22,7 +29,13 @@ public:
     }
 
 private:
+    static int TakesTooMuch(void* self) noexcept {
+        const sqlite3_int64 taken = sqlite3_memory_used() - static_cast<const Run*>(self)->mMemoryBefore;
+        return taken > static_cast<sqlite3_int64>(RowStore::kMaxBytes) ? 1 : 0;
+    }
+
     sqlite3_stmt* mStatement;
+    sqlite3_int64 mMemoryBefore;
 };
 
 // A whole number stays exact where SQLite can hold it.

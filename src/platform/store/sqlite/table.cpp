@@ -1,7 +1,5 @@
 #include "platform/store/sqlite/table.h"
 
-#include <algorithm>
-
 #include "platform/automation/errors.h"
 #include "platform/automation/operators.h"
 
@@ -74,23 +72,23 @@ RowStore Table::Find(std::span<const Variant> values) {
     return find->ReadRows(mShape->columns.size(), 1);
 }
 
+bool Table::BeginsWith(const Cell* row, std::span<const Variant> values) const {
+    for (std::size_t i = 0; i < values.size(); ++i) {
+        const Variant value = Decode(row[mKey[i]], mShape->columns[mKey[i]].type);
+        if (!EqualValues(value, values[i])) return false;
+    }
+    return true;
+}
+
 // Goes through all rows. Keys of such types are rare, and their tables small.
 RowStore Table::FindDecoded(std::span<const Variant> values) {
     const RowStore rows = ReadRows(true);
     RowStore found(mShape->columns.size());
-    for (std::size_t row = 0; row < rows.size(); ++row) {
-        const auto equals = [&](std::size_t i) {
-            return EqualValues(Decode(rows[row][mKey[i]], mShape->columns[mKey[i]].type), values[i]);
-        };
-        bool all = true;
-        for (std::size_t i = 0; i < values.size() && all; ++i) {
-            all = equals(i);
-        }
-        if (all) {
-            found.Append(rows[row]);
-            break;
-        }
+    std::size_t row = 0;
+    while (row < rows.size() && !BeginsWith(rows[row], values)) {
+        ++row;
     }
+    if (row < rows.size()) found.Append(rows[row]);
     return found;
 }
 

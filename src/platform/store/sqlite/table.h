@@ -33,6 +33,7 @@ public:
 
 private:
     std::string KeyNames(const char* between, std::size_t count) const;
+    bool BeginsWith(const Cell* row, std::span<const Variant> values) const;
     RowStore FindDecoded(std::span<const Variant> values);
 
     sqlite3* mDb;

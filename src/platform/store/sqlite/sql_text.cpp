@@ -1,4 +1,4 @@
-#include "platform/store/sqlite/sql_rewrite.h"
+#include "platform/store/sqlite/sql_text.h"
 
 #include <algorithm>
 #include <array>
@@ -146,12 +146,13 @@ bool IsLiteral(const SqlToken& token) {
     return token.kind == SqlTokenKind::Number || (token.kind == SqlTokenKind::String && isClosed);
 }
 
-// Takes out the literals that a text has behind "=". One with parameters of its own stays as it is, so that it can be
+// Takes out the literals that a SELECT has behind "=". One with parameters of its own stays as it is, so that it can be
 // told how many those are.
 void TakeValues(std::vector<SqlToken>& all, std::vector<Variant>& values) {
     const auto isParameter = [](const SqlToken& token) { return token.kind == SqlTokenKind::Parameter; };
     if (std::ranges::any_of(all, isParameter)) return;
     Neighbours tokens(all);
+    if (!tokens.At(0, 0).IsWord("SELECT")) return;
     for (std::size_t i = 1; i < tokens.size() && values.size() < kMaxValues; ++i) {
         if (!IsEqual(tokens[i - 1]) || !IsLiteral(tokens[i])) continue;
         Variant value = LiteralValue(tokens[i]);
@@ -168,7 +169,9 @@ public:
 
     explicit Level(Kind kind) : mKind(kind) {}
 
-    Kind GetKind() const noexcept { return mKind; }
+    bool IsEnd(const SqlToken& token) const noexcept {
+        return (mKind == Kind::Bracket && token.Is(")")) || (mKind == Kind::Case && token.IsWord("END"));
+    }
     void Write(std::string_view text) { mOperand += text; }
     void Join() {
         mOperands += mOperand;
@@ -239,9 +242,7 @@ private:
         } else if (token.IsWord("CASE")) {
             level.Write(token.text);
             Open(Level::Kind::Case);
-        } else if (token.Is(")") && level.GetKind() == Level::Kind::Bracket) {
-            Close(token.text);
-        } else if (token.IsWord("END") && level.GetKind() == Level::Kind::Case) {
+        } else if (level.IsEnd(token)) {
             Close(token.text);
         } else if (token.Is("&")) {
             level.Join();

@@ -1,0 +1,37 @@
+/// @file
+/// Finding one text in another.
+#pragma once
+
+#include <cstddef>
+#include <string_view>
+
+#include "platform/script/vbscript/builtins/arguments.h"
+#include "platform/script/vbscript/builtins/pace.h"
+
+namespace ov::vbscript {
+
+/// Finds a text in others. Without regard to case one character stands against one, so places and lengths are the same
+/// in both modes.
+class TextFinder {
+public:
+    static constexpr std::size_t kNone = std::u16string_view::npos;
+
+    /// @p wanted must outlive the finder.
+    TextFinder(BuiltinContext& context, std::u16string_view wanted, TextMode mode) noexcept
+        : mPace(context), mWanted(wanted), mMode(mode) {}
+
+    std::size_t WantedSize() const noexcept { return mWanted.size(); }
+    /// Offset of the first occurrence that begins at @p from or behind, or kNone. An empty text is found at once.
+    std::size_t Find(std::u16string_view text, std::size_t from);
+    /// Offset of the last occurrence that lies in @p text, or kNone.
+    std::size_t FindLast(std::u16string_view text);
+
+private:
+    bool StandsAt(std::u16string_view text, std::size_t offset);
+
+    Pace mPace;
+    std::u16string_view mWanted;
+    TextMode mMode;
+};
+
+}  // namespace ov::vbscript

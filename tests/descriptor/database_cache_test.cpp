@@ -118,7 +118,8 @@ TEST_F(LockedFile, CopyIsMadeFreshByItsTimeAndOnlyOnceInAProcess) {
 TEST_F(LockedFile, OpensExclusivelyWhereSharingCannotBeHad) {
     // A file in write-ahead mode whose shared memory cannot be made.
     const TestDatabase database(std::string("PRAGMA journal_mode = WAL;") + kTable);
-    fs::create_directory(database.path() + "-shm");
+    fs::remove(database.path() + "-shm");
+    fs::create_symlink("/no/such/folder/shm", database.path() + "-shm");
     const Ref<Database> opened = DatabaseCache(database.Path());
     ASSERT_TRUE(opened);
     EXPECT_EQ(opened->Name(), database.Path());

@@ -92,7 +92,7 @@ class Sink final : public Object<Sink, Facet<CBase_EnvironmentEvents>> {
 public:
     static constexpr const char* kClassName = "Sink";
     void Changed(const Text& key, const Variant& value) override {
-        heard.push_back(key + u"=" + (value.IsNull() ? Text(u"Null") : ToText(value)));
+        heard.push_back(key + u"=" + (value.IsArray() ? Text(u"array") : ToText(value)));
     }
     std::vector<Text> heard;
 };
@@ -110,10 +110,9 @@ TEST(EnvironmentStore, RaisesChangedForChangesAlone) {
     environment->let_Variable(u"a", Variant::Null());  // nothing differs from Null
     EXPECT_EQ(environment->get_Variable(u"a").AsLong(), 2);
     environment->let_Variable(u"a", Variant(Array::OfBytes({1})));  // what cannot be compared differs
-    EXPECT_EQ(sink->heard.size(), 1u);
     environment->Unadvise(cookie);
     environment->let_Variable(u"b", Variant(1));
-    EXPECT_EQ(sink->heard, (std::vector<Text>{u"a=1"}));
+    EXPECT_EQ(sink->heard, (std::vector<Text>{u"a=1", u"a=array"}));
 }
 
 TEST(EnvironmentStore, CopiesInTheOrderOfFirstUse) {

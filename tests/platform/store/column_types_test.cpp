@@ -14,8 +14,8 @@ void ExpectValues(const std::vector<StoredValue>& cases) {
     std::string sql;
     for (std::size_t i = 0; i < cases.size(); ++i) {
         const std::string table = "t" + std::to_string(i);
-        sql += "CREATE TABLE " + table + "(v " + cases[i].type + "); INSERT INTO " + table + " VALUES(" +
-               cases[i].literal + ");";
+        sql.append("CREATE TABLE ").append(table).append("(v ").append(cases[i].type).append("); INSERT INTO ");
+        sql.append(table).append(" VALUES(").append(cases[i].literal).append(");");
     }
     const TestDatabase file(sql);
     const Ref<Database> db = file.Open();

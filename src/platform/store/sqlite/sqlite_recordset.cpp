@@ -52,15 +52,8 @@ void SqliteRecordset::GoToRow(std::size_t row) {
     const RowStore& rows = Rows();
     mFound.reset();
     mRow = row;
-    if (row < rows.size()) {
-        mPlace = Place::Row;
-        mCurrent = rows[row];
-        return;
-    }
-    mPlace = Place::End;
-    mCurrent = nullptr;
-    // A recordset that is kept for ever does not keep what it was walked over for.
-    if (mSource.table) mSource.rows.reset();
+    mPlace = row < rows.size() ? Place::Row : Place::End;
+    mCurrent = row < rows.size() ? rows[row] : nullptr;
 }
 
 // The current row, or nullptr if there is none.

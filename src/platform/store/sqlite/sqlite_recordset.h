@@ -23,7 +23,8 @@ struct RowSource {
 ///
 /// A query's rows are copied when it is opened. A table's are copied when the first of them is asked for; Seek reads
 /// its one row by itself and copies no others. So no recordset has a lock on the file between two calls, however long
-/// somebody keeps it. Clones share what has been copied.
+/// somebody keeps it. What has been copied stays until Close or another index, and clones share it. A recordset that
+/// is kept for long is best walked over on a clone, which is then closed.
 class SqliteRecordset final : public Object<SqliteRecordset, Facet<Recordset>> {
 public:
     static constexpr const char* kClassName = "Recordset";

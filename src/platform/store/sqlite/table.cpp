@@ -14,7 +14,7 @@ std::string QuoteName(std::string_view name) {
     return quoted + '"';
 }
 
-Table::Table(sqlite3* db, const std::string& name, std::vector<std::string> keyNames, RowShapes& shapes)
+Table::Table(sqlite3* db, const std::string& name, const std::vector<std::string>& keyNames, RowShapes& shapes)
     : mDb(db), mSource(" FROM main." + QuoteName(name)) {
     mWalk.emplace(db, "SELECT *" + mSource);
     mShape = shapes.Of(mWalk->get());

@@ -18,7 +18,7 @@ class Table {
 public:
     /// @param keyNames the columns of the primary key in their order; none if it has no key
     /// @throws RuntimeError of the engine
-    Table(sqlite3* db, const std::string& name, std::vector<std::string> keyNames, RowShapes& shapes);
+    Table(sqlite3* db, const std::string& name, const std::vector<std::string>& keyNames, RowShapes& shapes);
 
     const std::shared_ptr<const RowShape>& Shape() const noexcept { return mShape; }
     /// Columns of the primary key, by their numbers.

@@ -3,8 +3,8 @@
 #include <array>
 #include <charconv>
 
-#include "platform/automation/collection.h"
 #include "platform/automation/errors.h"
+#include "platform/automation/text_map.h"
 #include "platform/locale/code_page.h"
 #include "platform/locale/locale.h"
 #include "platform/system/file_system.h"
@@ -22,9 +22,9 @@ constexpr const char16_t* kShellFolders = u"SOFTWARE\\Microsoft\\Windows\\Curren
 
 struct Caches {
     Ref<Workspace> workspace;
-    Ref<Collection> databases = MakeObject<Collection>();   // by path as given
-    Ref<Collection> recordsets = MakeObject<Collection>();  // by name of the database, then of the table
-    Ref<Collection> tempCopies = MakeObject<Collection>();  // path of the copy by path of the file
+    TextMap<Ref<Database>> databases;             // by path as given
+    TextMap<TextMap<Ref<Recordset>>> recordsets;  // by name of the database, then of the table
+    TextMap<Text> tempCopies;                     // path of the copy by path of the file
     Text tempCopyFolder;
 };
 
@@ -32,12 +32,6 @@ struct Caches {
 Caches& Global() {
     static Caches& caches = *new Caches;
     return caches;
-}
-
-template <class T>
-Ref<T> ObjectUnder(const Collection& collection, const Text& key) {
-    const Variant* item = collection.Find(key);
-    return item ? facet<T>(item->AsObject()) : nullptr;
 }
 
 void CreateFolderIfAbsent(const Text& folder) {
@@ -78,10 +72,10 @@ bool IsLockFailure(const RuntimeError& error) {
 Ref<Database> DatabaseCache(const Text& path) {
     Caches& caches = Global();
     if (!caches.workspace) caches.workspace = DefaultStoreEngine().CreateWorkspace(u"OV_Model", u"Admin", u"");
-    if (Ref<Database> open = ObjectUnder<Database>(*caches.databases, path)) return open;
+    if (const auto open = caches.databases.find(path); open != caches.databases.end()) return open->second;
     try {
         Ref<Database> opened = OpenDatabaseFile2(caches.workspace.get(), path, false, true, kConnect);
-        caches.databases->TryAdd(path, Variant(opened));
+        caches.databases.emplace(path, opened);
         return opened;
     } catch (const RuntimeError&) {
         LogEntry(u"Module1.DatabaseCache()",
@@ -91,14 +85,8 @@ Ref<Database> DatabaseCache(const Text& path) {
 }
 
 Ref<Recordset> RecordSetCache(Database* db, const Text& table) {
-    Caches& caches = Global();
-    const Text name = db->Name();
-    Ref<Collection> tables = ObjectUnder<Collection>(*caches.recordsets, name);
-    if (!tables) {
-        tables = MakeObject<Collection>();
-        caches.recordsets->TryAdd(name, Variant(tables->Dispatch()));
-    }
-    if (Ref<Recordset> open = ObjectUnder<Recordset>(*tables, table)) return open;
+    TextMap<Ref<Recordset>>& tables = Global().recordsets[db->Name()];
+    if (const auto open = tables.find(table); open != tables.end()) return open->second;
     Ref<Recordset> opened;
     try {
         opened = db->OpenRecordset(table, RecordsetType::dbOpenTable);
@@ -107,7 +95,7 @@ Ref<Recordset> RecordSetCache(Database* db, const Text& table) {
         // A table without that index is of use for walking all the same.
     }
     if (opened) {
-        tables->TryAdd(table, Variant(opened));
+        tables.emplace(table, opened);
     } else {
         LogEntry(u"Module1.RecordSetCache()", u"OpenRecordset(" + table + u", dbOpenTable) failed!");
     }
@@ -132,13 +120,13 @@ Ref<Database> OpenDatabaseFile2(Workspace* workspace, const Text& path, bool exc
 }
 
 Text GetTempFileCopy(const Text& path) {
-    Collection& copies = *Global().tempCopies;
-    if (const Variant* known = copies.Find(path)) return known->AsText();
+    TextMap<Text>& copies = Global().tempCopies;
+    if (const auto known = copies.find(path); known != copies.end()) return known->second;
     try {
         if (!file_system::FileExists(path)) return Text();
         const Text copy = file_system::BuildPath(TempCopyFolder(), CopyName(path));
         // Known before it is copied: a copy that fails is not tried again, and the next open meets what is there.
-        copies.TryAdd(path, Variant(copy));
+        copies.emplace(path, copy);
         if (file_system::DateLastModified(copy) != file_system::DateLastModified(path)) {
             file_system::CopyFile(path, copy, true);
         }

@@ -9,8 +9,8 @@ std::shared_ptr<CEnumCacheItem> EnumCache::Get(const Text& key) const {
     return at == mItems.end() ? nullptr : at->second;
 }
 
-void EnumCache::Set(const Text& key, std::shared_ptr<CEnumCacheItem> item) {
-    if (!mItems.try_emplace(key, std::move(item)).second) Raise(ErrorNumber::KeyAlreadyAssociated);
+void EnumCache::Set(const Text& key, const std::shared_ptr<CEnumCacheItem>& item) {
+    if (!mItems.try_emplace(key, item).second) Raise(ErrorNumber::KeyAlreadyAssociated);
 }
 
 }  // namespace ov

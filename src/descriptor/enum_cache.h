@@ -4,10 +4,9 @@
 
 #include <cstdint>
 #include <memory>
-#include <unordered_map>
 
 #include "platform/automation/dictionary.h"
-#include "platform/automation/text.h"
+#include "platform/automation/text_map.h"
 
 namespace ov {
 
@@ -25,17 +24,11 @@ public:
     /// The item under @p key, without regard to case, or nullptr.
     std::shared_ptr<CEnumCacheItem> Get(const Text& key) const;
     /// @throws RuntimeError 457 if @p key is taken; the old item stays.
-    void Set(const Text& key, std::shared_ptr<CEnumCacheItem> item);
+    void Set(const Text& key, const std::shared_ptr<CEnumCacheItem>& item);
     void Clear() { mItems.clear(); }
 
 private:
-    struct Hash {
-        std::size_t operator()(const Text& key) const noexcept { return HashNoCase(key); }
-    };
-    struct Equal {
-        bool operator()(const Text& a, const Text& b) const noexcept { return EqualNoCase(a, b); }
-    };
-    std::unordered_map<Text, std::shared_ptr<CEnumCacheItem>, Hash, Equal> mItems;
+    TextMap<std::shared_ptr<CEnumCacheItem>> mItems;
 };
 
 }  // namespace ov

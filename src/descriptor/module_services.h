@@ -35,7 +35,7 @@ public:
     virtual Ref<CBase_Environment> Environment() = 0;
     virtual std::shared_ptr<CEnumCacheItem> EnumCacheGet(const Text& key) = 0;
     /// The first item under a key stays; a second one is logged.
-    virtual void EnumCacheSet(const Text& key, std::shared_ptr<CEnumCacheItem> item) = 0;
+    virtual void EnumCacheSet(const Text& key, const std::shared_ptr<CEnumCacheItem>& item) = 0;
 };
 
 }  // namespace ov

@@ -6,7 +6,9 @@
 
 namespace ov {
 
-void SwitchDebugOutputOn() { InitDebug(DebugMode::OutputOnly); }
+void SwitchDebugOutputOn() {
+    InitDebug(DebugMode::OutputOnly);
+}
 
 Text ReasonOfFailedOpen(const Text& path) {
     if (DatabaseCache(path)) return Text();

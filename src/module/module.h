@@ -121,7 +121,7 @@ public:
     Text GetTranslatedFile(std::int32_t index) override;
     Ref<Database> GetDB() override { return mDB; }
     std::shared_ptr<CEnumCacheItem> EnumCacheGet(const Text& key) override { return mEnumCache.Get(key); }
-    void EnumCacheSet(const Text& key, std::shared_ptr<CEnumCacheItem> item) override;
+    void EnumCacheSet(const Text& key, const std::shared_ptr<CEnumCacheItem>& item) override;
 
     /// A text that may be a static script, resolved by the first channel; a literal as it stands.
     Text ResolveStaticScript(const Text& text);

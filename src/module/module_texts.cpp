@@ -111,9 +111,9 @@ Text Module::ResolveStaticScript(const Text& text) {
     return text;
 }
 
-void Module::EnumCacheSet(const Text& key, std::shared_ptr<CEnumCacheItem> item) {
+void Module::EnumCacheSet(const Text& key, const std::shared_ptr<CEnumCacheItem>& item) {
     try {
-        mEnumCache.Set(key, std::move(item));
+        mEnumCache.Set(key, item);
     } catch (const RuntimeError& error) {
         LogEntry(Dispatch(), u"EnumCacheSet(): " + ErrorLine(error));
     }

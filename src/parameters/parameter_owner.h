@@ -13,8 +13,8 @@ namespace ov {
 /// stays inside the library: nothing of it can be called by name.
 ///
 /// The readers never raise: a text that fails gives the reader's failure value and one line in the log. With generation
-/// 1 or more "#:" marks a static script and "!:" a live one, and any other text is a literal; with 0 the shape of a text
-/// tells. @p id is the parameter's, for the log.
+/// 1 or more "#:" marks a static script and "!:" a live one, and any other text is a literal; with 0 the shape of a
+/// text tells. @p id is the parameter's, for the log.
 class ParameterOwner : public IDispatch {
 public:
     static constexpr Guid kIid = Guid::Parse("{0F6C2C4E-7B8D-4B0E-9B55-6D2F6C1F4A08}");

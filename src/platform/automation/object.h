@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <tuple>
+#include <type_traits>
 #include <utility>
 
 #include "platform/automation/interface_info.h"
@@ -43,19 +44,31 @@ public:
     }
 };
 
-/// How many objects live in the process.
-class LivingObjects {
+/// Counts the objects of one kind that live in the process.
+template <class Kind>
+class CountedLives {
 public:
     static std::size_t Count() noexcept { return sCount; }
 
 protected:
-    LivingObjects() noexcept { ++sCount; }
-    LivingObjects(const LivingObjects&) noexcept { ++sCount; }
-    LivingObjects& operator=(const LivingObjects&) noexcept = default;
-    ~LivingObjects() { --sCount; }
+    CountedLives() noexcept { ++sCount; }
+    CountedLives(const CountedLives&) noexcept { ++sCount; }
+    CountedLives& operator=(const CountedLives&) noexcept = default;
+    ~CountedLives() { --sCount; }
 
 private:
     static inline std::size_t sCount = 0;
+};
+
+/// The objects that a host can hold: while one lives, the library is in use.
+using LivingObjects = CountedLives<struct HostObjects>;
+/// The objects of the database engine, which stay open to the end of the process. Their interfaces have a constant
+/// kIsEngineObject.
+using LivingEngineObjects = CountedLives<struct EngineObjects>;
+
+template <class Facet>
+inline constexpr bool kIsEngineFacet = requires {
+    Facet::kIsEngineObject;
 };
 
 /// Base of the class @p Self, whose facets are @p Facets; the first one is the default interface and carries the
@@ -64,7 +77,8 @@ private:
 /// At the last release OnFinalRelease of @p Self runs while the object is still whole, and the object may take part in
 /// calls; if somebody kept a reference then, it lives on until that one goes.
 template <class Self, class... Facets>
-class Object : public Facets..., private LivingObjects {
+class Object : public Facets...,
+               private std::conditional_t<(kIsEngineFacet<Facets> || ...), LivingEngineObjects, LivingObjects> {
 public:
     Object(const Object&) = delete;
     Object& operator=(const Object&) = delete;

@@ -27,6 +27,10 @@ private:
     std::int32_t mColumn;
 };
 
+/// Thrown by an operation of a published object to end the script that called it, with all scripts around that one.
+/// It is no error: scripts do not see it, and it comes out of the call that ran the outermost of them.
+struct EndScript {};
+
 /// What scripts of an engine may reach besides the objects that were published to it.
 enum class ScriptPolicy {
     Rules,  ///< nothing: CreateObject and GetObject are error 429, MsgBox and InputBox error 70

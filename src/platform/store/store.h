@@ -33,6 +33,7 @@ class Field : public IDispatch {
 public:
     static constexpr Guid kIid = Guid::Parse("{1E3A7C60-52D4-4B0B-9A8E-0C5D7F2B6A11}");
     static constexpr const char* kName = "Field";
+    static constexpr bool kIsEngineObject = true;
     static const InterfaceInfo& Members();
 
     /// The value in the recordset's current row. @throws RuntimeError 3021 "No current record."
@@ -49,6 +50,7 @@ class Recordset : public IDispatch {
 public:
     static constexpr Guid kIid = Guid::Parse("{1E3A7C60-52D4-4B0B-9A8E-0C5D7F2B6A12}");
     static constexpr const char* kName = "Recordset";
+    static constexpr bool kIsEngineObject = true;
     static const InterfaceInfo& Members();
 
     /// Name of the index in use; "" for none.
@@ -91,6 +93,7 @@ class Database : public IDispatch {
 public:
     static constexpr Guid kIid = Guid::Parse("{1E3A7C60-52D4-4B0B-9A8E-0C5D7F2B6A13}");
     static constexpr const char* kName = "Database";
+    static constexpr bool kIsEngineObject = true;
     static const InterfaceInfo& Members();
 
     /// The path of the file as it was given to OpenDatabase.
@@ -111,6 +114,7 @@ class Workspace : public IDispatch {
 public:
     static constexpr Guid kIid = Guid::Parse("{1E3A7C60-52D4-4B0B-9A8E-0C5D7F2B6A14}");
     static constexpr const char* kName = "Workspace";
+    static constexpr bool kIsEngineObject = true;
     static const InterfaceInfo& Members();
 
     virtual Text Name() = 0;

@@ -1,0 +1,253 @@
+#include "platform/script/vbscript/compiler.h"
+
+#include <algorithm>
+#include <limits>
+
+#include "platform/automation/operators.h"
+#include "platform/script/vbscript/lexer.h"
+#include "platform/script/vbscript/parser.h"
+
+namespace ov::vbscript {
+
+namespace {
+
+std::vector<ArrayBound> BoundsOf(const Variable& variable) {
+    std::vector<ArrayBound> bounds;
+    for (const std::int32_t upper : variable.bounds) {
+        if (upper == std::numeric_limits<std::int32_t>::max()) Fail(CompileError::OutOfMemory, variable.position);
+        bounds.push_back({0, upper + 1});
+    }
+    return bounds;
+}
+
+Declaration DeclarationOf(const Variable& variable) {
+    return {Text(variable.name.text), variable.name.hash, variable.isPublic, variable.isArray, BoundsOf(variable)};
+}
+
+void AddOnce(NameMap<std::u16string_view, bool>& map, const Identifier& name) {
+    if (!map.Find(name.text, name.hash)) map.Add(name.text, name.hash, true);
+}
+
+/// Enters the names that are declared outside procedures. @throws ScriptError 1041 for one that is there twice
+void DeclareUnitNames(const Program& program, UnitScope& scope) {
+    NameMap<std::u16string_view, bool> declared;
+    const auto declare = [&](const Identifier& name, Position position) {
+        if (declared.Find(name.text, name.hash)) Fail(CompileError::NameRedefined, position);
+        declared.Add(name.text, name.hash, true);
+    };
+    for (const Constant& constant : program.main.constants) {
+        declare(constant.name, constant.position);
+        scope.constants.Add(constant.name.text, constant.name.hash, &constant);
+    }
+    for (const Variable& variable : program.main.variables) {
+        declare(variable.name, variable.position);
+        AddOnce(scope.variables, variable.name);
+    }
+    for (const Class* parsed : program.classes) {
+        declare(parsed->name, parsed->position);
+    }
+    for (const Procedure* procedure : program.procedures) {
+        // The last one of several procedures of one name holds.
+        if (scope.procedures.Find(procedure->name.text, procedure->name.hash)) continue;
+        declare(procedure->name, procedure->position);
+        AddOnce(scope.procedures, procedure->name);
+    }
+    for (const Identifier& name : program.main.assigned) {
+        AddOnce(scope.variables, name);
+    }
+}
+
+std::uint64_t NextClassNumber() noexcept {
+    static std::uint64_t last = 0;
+    return ++last;
+}
+
+void DeclareMembers(const Class& parsed, ClassCode& code) {
+    for (const Variable& field : parsed.fields) {
+        ClassCode::Member member;
+        member.field = static_cast<std::uint16_t>(code.fields.size());
+        member.isPublic = field.isPublic;
+        code.fields.push_back(DeclarationOf(field));
+        code.members.Add(Text(field.name.text), field.name.hash, member);
+    }
+    for (std::size_t i = 0; i < parsed.procedures.size(); ++i) {
+        const Procedure& procedure = *parsed.procedures[i];
+        const auto position = static_cast<std::int32_t>(i);
+        std::size_t index = code.members.IndexOf(procedure.name.text, procedure.name.hash);
+        if (index == code.members.kNone) {
+            index = code.members.size();
+            code.members.Add(Text(procedure.name.text), procedure.name.hash, {});
+        }
+        ClassCode::Member& member = code.members[index].value;
+        (procedure.kind == ProcedureKind::Let   ? member.let
+         : procedure.kind == ProcedureKind::Set ? member.set
+                                                : member.get) = position;
+        if (procedure.isDefault) code.defaultMember = static_cast<std::int32_t>(index);
+        if (procedure.kind != ProcedureKind::Sub) continue;
+        if (EqualNoCase(procedure.name.text, u"Class_Initialize")) code.initialize = position;
+        if (EqualNoCase(procedure.name.text, u"Class_Terminate")) code.terminate = position;
+    }
+}
+
+std::unique_ptr<ClassCode> CompileClass(const Class& parsed, const UnitScope& scope) {
+    auto code = std::make_unique<ClassCode>();
+    code->number = NextClassNumber();
+    code->name = Text(parsed.name.text);
+    code->hash = parsed.name.hash;
+    if (parsed.fields.size() > Operand::kMaxIndex) Fail(CompileError::OutOfMemory, parsed.position);
+    DeclareMembers(parsed, *code);
+    for (const Procedure* procedure : parsed.procedures) {
+        code->procedures.push_back(ProcedureCompiler(scope, code.get(), *procedure).CompileBody());
+        code->procedures.back()->isPublic = procedure->isPublic;
+    }
+    return code;
+}
+
+}  // namespace
+
+Ref<Unit> CompileProgram(const Program& program, const std::vector<Variant>& literals) {
+    UnitScope scope{literals, program.optionExplicit, {}, {}, {}};
+    DeclareUnitNames(program, scope);
+    Ref<Unit> unit = Ref<Unit>::Adopt(new Unit);
+    for (const Variable& variable : program.main.variables) {
+        unit->variables.push_back(DeclarationOf(variable));
+    }
+    for (const Constant& constant : program.main.constants) {
+        unit->constants.push_back(
+            {Text(constant.name.text), constant.name.hash, LiteralValue(*constant.value, literals)});
+    }
+    for (const Class* parsed : program.classes) {
+        unit->classes.push_back(CompileClass(*parsed, scope));
+    }
+    for (const Procedure* procedure : program.procedures) {
+        unit->procedures.push_back({Text(procedure->name.text), procedure->name.hash,
+                                    ProcedureCompiler(scope, nullptr, *procedure).CompileBody()});
+    }
+    ProcedureCompiler main(scope, nullptr, program.main);
+    unit->hasStatements = program.result || !program.main.body.empty();
+    unit->main = program.result ? main.CompileResult(*program.result) : main.CompileBody();
+    return unit;
+}
+
+Ref<Unit> CompileText(std::u16string_view source, bool isExpression) {
+    // Kept between texts for their memory. A compilation causes no other one.
+    static Lexer lexer;
+    static Arena arena;
+    arena.Clear();
+    lexer.Run(source);
+    Parser parser(arena, lexer.Tokens(), lexer.Literals());
+    const Program program = isExpression ? parser.ParseExpressionText() : parser.ParseProgram();
+    return CompileProgram(program, lexer.Literals());
+}
+
+Variant LiteralValue(const Expression& expression, const std::vector<Variant>& literals) {
+    switch (expression.kind) {
+        case ExpressionKind::Bracketed:
+            return LiteralValue(*expression.left, literals);
+        case ExpressionKind::Unary: {
+            const Variant value = LiteralValue(*expression.left, literals);
+            if (expression.op == TokenKind::Not) return Not(value);
+            return expression.op == TokenKind::Minus ? Negate(value) : value;
+        }
+        default:
+            break;
+    }
+    switch (expression.op) {
+        case TokenKind::True:
+            return Variant(true);
+        case TokenKind::False:
+            return Variant(false);
+        case TokenKind::Null:
+            return Variant::Null();
+        case TokenKind::Nothing:
+            return Variant::Nothing();
+        case TokenKind::Literal:
+            return literals[expression.literal];
+        default:
+            return Variant();
+    }
+}
+
+ProcedureCompiler::ProcedureCompiler(const UnitScope& unit, const ClassCode* owner, const Procedure& procedure)
+    : mUnit(unit), mOwner(owner), mProcedure(procedure), mCode(std::make_unique<Code>()) {
+    mCode->name = Text(procedure.name.text);
+    mCode->kind = procedure.kind;
+    mCode->optionExplicit = unit.optionExplicit;
+    DeclareNames();
+}
+
+std::unique_ptr<Code> ProcedureCompiler::CompileBody() {
+    DimensionArrays();
+    Statements(mProcedure.body);
+    PutMark(mProcedure.end);
+    Emit(Opcode::Return);
+    Finish();
+    return std::move(mCode);
+}
+
+std::unique_ptr<Code> ProcedureCompiler::CompileResult(const Expression& result) {
+    PutMark(result.position);
+    const Operand value = Value(result);
+    Emit(Opcode::Result, value, {}, {}, IsTemp(value) ? kFreeA : std::uint8_t{0});
+    Finish();
+    return std::move(mCode);
+}
+
+void ProcedureCompiler::Finish() {
+    mCode->constants = std::make_unique<vbscript::Slot[]>(mConstants.size());
+    for (std::size_t i = 0; i < mConstants.size(); ++i) {
+        mCode->constants[i].value = std::move(mConstants[i]);
+    }
+    mCode->instructions.shrink_to_fit();
+    mCode->marks.shrink_to_fit();
+    if (mProcedure.kind == ProcedureKind::Main) return;
+    for (const auto& [name, hash, local] : mLocals) {
+        if (local.kind == Local::Kind::Constant) continue;
+        mCode->locals.Add(Text(name), hash, {local.slot});
+    }
+}
+
+std::size_t ProcedureCompiler::Emit(Opcode op, std::uint16_t a, std::uint16_t b, std::uint16_t c, std::uint8_t flags) {
+    mCode->instructions.push_back({op, flags, a, b, c});
+    return mCode->instructions.size() - 1;
+}
+
+std::size_t ProcedureCompiler::EmitJump(Opcode op, std::uint16_t a, std::uint8_t flags) {
+    return Emit(op, a, 0, 0, flags);
+}
+
+void ProcedureCompiler::EmitWord(std::uint16_t a, std::uint16_t b, std::uint16_t c) {
+    Emit(Opcode::Word, a, b, c);
+}
+
+void ProcedureCompiler::JumpTo(std::size_t jump, std::size_t target) {
+    mCode->instructions[jump].SetTarget(static_cast<std::uint32_t>(target));
+}
+
+void ProcedureCompiler::LandHere(const Jumps& jumps) {
+    for (const std::size_t jump : jumps) {
+        JumpTo(jump, Here());
+    }
+}
+
+void ProcedureCompiler::PutMark(Position position) {
+    const Mark mark{Here(), position, static_cast<std::uint16_t>(mTop)};
+    if (!mCode->marks.empty() && mCode->marks.back().pc == mark.pc) {
+        mCode->marks.back() = mark;
+    } else {
+        mCode->marks.push_back(mark);
+    }
+}
+
+std::uint16_t ProcedureCompiler::NewTemp() {
+    NewTemps(1);
+    return static_cast<std::uint16_t>(mTop - 1);
+}
+
+void ProcedureCompiler::NewTemps(std::size_t count) {
+    mTop += count;
+    if (mTop > Operand::kMaxIndex) Fail(CompileError::OutOfMemory, mProcedure.position);
+    mCode->frameSize = std::max(mCode->frameSize, static_cast<std::uint16_t>(mTop));
+}
+
+}  // namespace ov::vbscript

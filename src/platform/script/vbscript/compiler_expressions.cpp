@@ -1,0 +1,297 @@
+#include <algorithm>
+
+#include "platform/automation/operators.h"
+#include "platform/script/vbscript/compiler.h"
+
+namespace ov::vbscript {
+
+namespace {
+
+Opcode BinaryOpcode(TokenKind op) noexcept {
+    switch (op) {
+        case TokenKind::Plus:
+            return Opcode::Add;
+        case TokenKind::Minus:
+            return Opcode::Subtract;
+        case TokenKind::Star:
+            return Opcode::Multiply;
+        case TokenKind::Slash:
+            return Opcode::Divide;
+        case TokenKind::Backslash:
+            return Opcode::IntegerDivide;
+        case TokenKind::Mod:
+            return Opcode::Modulo;
+        case TokenKind::Caret:
+            return Opcode::Power;
+        case TokenKind::Ampersand:
+            return Opcode::Concatenate;
+        case TokenKind::And:
+            return Opcode::And;
+        case TokenKind::Or:
+            return Opcode::Or;
+        case TokenKind::Xor:
+            return Opcode::Xor;
+        case TokenKind::Eqv:
+            return Opcode::Eqv;
+        case TokenKind::Imp:
+            return Opcode::Imp;
+        case TokenKind::Is:
+            return Opcode::Is;
+        case TokenKind::NotEqual:
+            return Opcode::NotEqual;
+        case TokenKind::Less:
+            return Opcode::Less;
+        case TokenKind::LessEqual:
+            return Opcode::LessEqual;
+        case TokenKind::Greater:
+            return Opcode::Greater;
+        case TokenKind::GreaterEqual:
+            return Opcode::GreaterEqual;
+        default:
+            return Opcode::Equal;
+    }
+}
+
+bool IsComparison(Opcode op) noexcept {
+    return op >= Opcode::Equal && op <= Opcode::GreaterEqual;
+}
+
+Opcode JumpOpcode(Opcode comparison) noexcept {
+    const auto distance = static_cast<unsigned>(comparison) - static_cast<unsigned>(Opcode::Equal);
+    return static_cast<Opcode>(static_cast<unsigned>(Opcode::JumpUnlessEqual) + distance);
+}
+
+const Expression& Unbracketed(const Expression& expression) noexcept {
+    const Expression* inner = &expression;
+    while (inner->kind == ExpressionKind::Bracketed) {
+        inner = inner->left;
+    }
+    return *inner;
+}
+
+}  // namespace
+
+// The operand that holds the value of an expression: a variable or constant itself, or a temporary value at the top.
+// The result of an operator goes to `wanted` if there is one.
+Operand ProcedureCompiler::Value(const Expression& expression, std::optional<Operand> wanted) {
+    switch (expression.kind) {
+        case ExpressionKind::Literal: {
+            if (expression.op != TokenKind::Literal) return ConstantOperand(LiteralValue(expression, mUnit.literals));
+            if (mLiteralOperands.size() <= expression.literal) mLiteralOperands.resize(expression.literal + 1);
+            std::uint32_t& known = mLiteralOperands[expression.literal];
+            if (known == 0) known = ConstantOperand(mUnit.literals[expression.literal]).bits + 1u;
+            return {static_cast<std::uint16_t>(known - 1)};
+        }
+        case ExpressionKind::Missing:
+            return ConstantOperand(Variant::Missing());
+        case ExpressionKind::Bracketed:
+            return Value(*expression.left, wanted);
+        case ExpressionKind::Name:
+            return NameValue(expression);
+        case ExpressionKind::Binary:
+            return BinaryValue(expression, wanted);
+        case ExpressionKind::Unary:
+            return UnaryValue(expression, wanted);
+        default: {
+            const std::uint16_t slot = NewTemp();
+            ToTemp(expression, slot);
+            return Slot(slot);
+        }
+    }
+}
+
+Operand ProcedureCompiler::NameValue(const Expression& expression) {
+    const Meaning meaning = Find(expression.name);
+    if (meaning.kind == Meaning::Kind::Variable) return meaning.operand;
+    if (meaning.kind == Meaning::Kind::Constant) {
+        return ConstantOperand(LiteralValue(*meaning.constant->value, mUnit.literals));
+    }
+    const std::uint16_t slot = NewTemp();
+    ToTemp(expression, slot);
+    return Slot(slot);
+}
+
+// Evaluates into a slot, which is the topmost one.
+void ProcedureCompiler::ToTemp(const Expression& expression, std::uint16_t slot) {
+    switch (expression.kind) {
+        case ExpressionKind::Name: {
+            const Meaning meaning = Find(expression.name);
+            switch (meaning.kind) {
+                case Meaning::Kind::Open:
+                    Emit(Opcode::LoadName, slot, NameIndex(expression.name), 0, kHasLocal);
+                    EmitWord(Slot(meaning.slot).bits);
+                    return;
+                case Meaning::Kind::Global:
+                    Emit(Opcode::LoadName, slot, NameIndex(expression.name));
+                    return;
+                case Meaning::Kind::ClassMember:
+                    return Call(expression, slot, kBare);
+                default:
+                    break;
+            }
+            break;
+        }
+        case ExpressionKind::Me:
+            if (!mOwner) Fail(CompileError::InvalidUseOfMe, expression.position);
+            Emit(Opcode::LoadMe, slot);
+            return;
+        case ExpressionKind::New:
+            Emit(Opcode::New, slot, NameIndex(expression.name));
+            return;
+        case ExpressionKind::Member:
+        case ExpressionKind::WithMember:
+            return Call(expression, slot, kBare);
+        case ExpressionKind::Call:
+            if (ElementValue(expression, slot)) return;
+            return Call(expression, slot, 0);
+        default:
+            break;
+    }
+    const std::size_t top = mTop;
+    const Operand value = Value(expression, Slot(slot));
+    mTop = top;
+    if (value != Slot(slot)) Emit(Opcode::Move, slot, value.bits, 0, IsTemp(value) ? kFreeB : std::uint8_t{0});
+}
+
+// The value of a variable that is read before something that may change it.
+Operand ProcedureCompiler::Protect(Operand operand, const Expression& next) {
+    if (operand.Kind() == OperandKind::Constant || IsTemp(operand) || !MayHaveEffects(next)) return operand;
+    const std::uint16_t slot = NewTemp();
+    Emit(Opcode::Move, Slot(slot), operand);
+    return Slot(slot);
+}
+
+Operand ProcedureCompiler::BinaryValue(const Expression& expression, std::optional<Operand> wanted) {
+    // The operators of a chain, which hang to the left, from the innermost on: a chain of any length needs no depth.
+    std::vector<const Expression*> chain;
+    const Expression* first = &expression;
+    for (; first->kind == ExpressionKind::Binary; first = first->left) {
+        chain.push_back(first);
+    }
+    std::ranges::reverse(chain);
+    const std::size_t base = mTop;
+    Operand result = Value(*first);
+    for (std::size_t done = 0; done < chain.size();) {
+        std::size_t run = 0;
+        while (done + run < chain.size() && chain[done + run]->op == TokenKind::Ampersand) {
+            ++run;
+        }
+        const bool isLast = done + std::max<std::size_t>(run, 1) == chain.size();
+        const std::optional<Operand> target = isLast ? wanted : std::nullopt;
+        if (run > 1) {
+            result = ConcatenateRun(result, std::span(chain).subspan(done, run), target);
+            done += run;
+        } else {
+            result = BinaryStep(*chain[done++], result, base, target);
+        }
+    }
+    return result;
+}
+
+Operand ProcedureCompiler::BinaryStep(const Expression& link, Operand left, std::size_t base,
+                                      std::optional<Operand> wanted) {
+    left = Protect(left, *link.right);
+    const Operand right = Value(*link.right);
+    const Opcode op = BinaryOpcode(link.op);
+    std::uint8_t flags = IsComparison(op) ? LiteralFlags(*link.left, *link.right) : std::uint8_t{0};
+    if (IsTemp(left)) flags |= kFreeB;
+    if (IsTemp(right)) flags |= kFreeC;
+    mTop = base;
+    const Operand to = wanted ? *wanted : Slot(NewTemp());
+    Emit(op, to, left, right, flags);
+    return to;
+}
+
+// a & b & c ...: one join of all. Where the first is the variable that gets the result, the others are appended to it.
+Operand ProcedureCompiler::ConcatenateRun(Operand first, std::span<const Expression* const> run,
+                                          std::optional<Operand> wanted) {
+    bool hasEffects = false;
+    for (const Expression* link : run) {
+        hasEffects = hasEffects || MayHaveEffects(*link->right);
+    }
+    const bool isAppend = wanted && *wanted == first && !hasEffects;
+    std::size_t base = mTop;
+    if (!isAppend) {
+        if (IsTemp(first)) {
+            base = first.Index();  // the topmost slot
+        } else {
+            Emit(Opcode::Move, Slot(NewTemp()), first);
+        }
+    }
+    for (const Expression* link : run) {
+        const std::uint16_t slot = NewTemp();
+        ToTemp(*link->right, slot);
+    }
+    const std::size_t count = mTop - base;
+    mTop = base;
+    if (isAppend) {
+        Emit(Opcode::Append, first.bits, static_cast<std::uint16_t>(base), static_cast<std::uint16_t>(count));
+        return first;
+    }
+    const Operand to = wanted ? *wanted : Slot(NewTemp());
+    Emit(Opcode::ConcatenateAll, to.bits, static_cast<std::uint16_t>(base), static_cast<std::uint16_t>(count));
+    return to;
+}
+
+Operand ProcedureCompiler::UnaryValue(const Expression& expression, std::optional<Operand> wanted) {
+    if (expression.op != TokenKind::Not && AsLiteral(expression)) {
+        return ConstantOperand(LiteralValue(expression, mUnit.literals));
+    }
+    const std::size_t base = mTop;
+    const Operand operand = Value(*expression.left);
+    mTop = base;
+    const Operand to = wanted ? *wanted : Slot(NewTemp());
+    const Opcode op = expression.op == TokenKind::Not     ? Opcode::Not
+                      : expression.op == TokenKind::Minus ? Opcode::Negate
+                                                          : Opcode::Identity;
+    Emit(op, to, operand, {}, IsTemp(operand) ? kFreeB : std::uint8_t{0});
+    return to;
+}
+
+// The literal that an expression is, less the signs before a number, or nullptr.
+const Variant* ProcedureCompiler::AsLiteral(const Expression& expression) const {
+    const Expression* inner = &Unbracketed(expression);
+    while (inner->kind == ExpressionKind::Unary && inner->op != TokenKind::Not) {
+        inner = &Unbracketed(*inner->left);
+    }
+    if (inner->kind != ExpressionKind::Literal || inner->op != TokenKind::Literal) return nullptr;
+    const Variant& literal = mUnit.literals[inner->literal];
+    if (inner != &Unbracketed(expression) && literal.IsString()) return nullptr;
+    return &literal;
+}
+
+std::uint8_t ProcedureCompiler::LiteralFlags(const Expression& a, const Expression& b) const {
+    const Variant* const left = AsLiteral(a);
+    const Variant* const right = AsLiteral(b);
+    const auto isNumber = [](const Variant* literal) { return literal && !literal->IsString(); };
+    LiteralSide side = LiteralSide::None;
+    if (isNumber(left) || isNumber(right)) {
+        side = LiteralSide::Number;
+    } else if (left || right) {
+        side = LiteralSide::Text;
+    }
+    return static_cast<std::uint8_t>(static_cast<unsigned>(side) << kLiteralShift);
+}
+
+// Jumps if the condition is not True; the target comes later.
+void ProcedureCompiler::JumpUnless(const Expression& condition, Jumps& jumps) {
+    const Expression& inner = Unbracketed(condition);
+    const std::size_t base = mTop;
+    const Opcode op = inner.kind == ExpressionKind::Binary ? BinaryOpcode(inner.op) : Opcode::Is;
+    if (!IsComparison(op)) {
+        const Operand value = Value(inner);
+        mTop = base;
+        jumps.push_back(EmitJump(Opcode::JumpIfFalse, value.bits, IsTemp(value) ? kFreeA : std::uint8_t{0}));
+        return;
+    }
+    const Operand left = Protect(Value(*inner.left), *inner.right);
+    const Operand right = Value(*inner.right);
+    std::uint8_t flags = LiteralFlags(*inner.left, *inner.right);
+    if (IsTemp(left)) flags |= kFreeB;
+    if (IsTemp(right)) flags |= kFreeC;
+    mTop = base;
+    Emit(JumpOpcode(op), left.bits, right.bits, 0, flags);
+    jumps.push_back(Emit(Opcode::Word));
+}
+
+}  // namespace ov::vbscript

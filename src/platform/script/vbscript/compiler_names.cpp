@@ -1,0 +1,210 @@
+#include <array>
+
+#include "platform/script/vbscript/compiler.h"
+
+namespace ov::vbscript {
+
+namespace {
+
+struct IntrinsicName {
+    std::u16string_view name;
+    Intrinsic intrinsic;
+};
+
+constexpr std::array kIntrinsics = {
+    IntrinsicName{u"Err", Intrinsic::Err},
+    IntrinsicName{u"Eval", Intrinsic::Eval},
+    IntrinsicName{u"Execute", Intrinsic::Execute},
+    IntrinsicName{u"ExecuteGlobal", Intrinsic::ExecuteGlobal},
+    IntrinsicName{u"GetRef", Intrinsic::GetRef},
+    IntrinsicName{u"CreateObject", Intrinsic::CreateObject},
+    IntrinsicName{u"GetObject", Intrinsic::GetObject},
+    IntrinsicName{u"MsgBox", Intrinsic::MsgBox},
+    IntrinsicName{u"InputBox", Intrinsic::InputBox},
+};
+
+Intrinsic FindIntrinsic(std::u16string_view name) noexcept {
+    for (const IntrinsicName& entry : kIntrinsics) {
+        if (EqualNoCase(entry.name, name)) return entry.intrinsic;
+    }
+    return Intrinsic::None;
+}
+
+}  // namespace
+
+void ProcedureCompiler::DeclareLocal(const Identifier& name, Local::Kind kind, Position position) {
+    if (mLocals.Find(name.text, name.hash)) Fail(CompileError::NameRedefined, position);
+    NewTemps(1);
+    mLocals.Add(name.text, name.hash, {kind, static_cast<std::uint16_t>(mTop - 1), nullptr});
+}
+
+void ProcedureCompiler::DeclareNames() {
+    if (mProcedure.kind == ProcedureKind::Main) return;
+    for (const Parameter& parameter : mProcedure.parameters) {
+        if (parameter.byValue) mCode->byValue.push_back(static_cast<std::uint16_t>(mTop));
+        DeclareLocal(parameter.name, Local::Kind::Variable, parameter.position);
+    }
+    mCode->parameters = static_cast<std::uint16_t>(mTop);
+    if (mProcedure.kind == ProcedureKind::Function || mProcedure.kind == ProcedureKind::Get) {
+        mCode->hasResult = true;
+        mCode->result = static_cast<std::uint16_t>(mTop);
+        // A parameter may have the function's name; the result cannot be reached then.
+        if (mLocals.Find(mProcedure.name.text, mProcedure.name.hash)) {
+            NewTemps(1);
+        } else {
+            DeclareLocal(mProcedure.name, Local::Kind::Variable, mProcedure.position);
+        }
+    }
+    for (const Constant& constant : mProcedure.constants) {
+        if (mLocals.Find(constant.name.text, constant.name.hash)) Fail(CompileError::NameRedefined, constant.position);
+        mLocals.Add(constant.name.text, constant.name.hash, {Local::Kind::Constant, 0, &constant});
+    }
+    for (const Variable& variable : mProcedure.variables) {
+        DeclareLocal(variable.name, Local::Kind::Variable, variable.position);
+    }
+    if (!mUnit.optionExplicit) DeclareOpenNames();
+    mCode->variables = static_cast<std::uint16_t>(mTop);
+    const auto noteWritten = [&](std::span<const Identifier> names) {
+        for (const Identifier& name : names) {
+            const Local* local = mLocals.Find(name.text, name.hash);
+            if (!local || local->kind != Local::Kind::Variable || local->slot >= mCode->parameters) continue;
+            mCode->written |= std::uint64_t{1} << std::min<std::size_t>(local->slot, Code::kWrittenBits - 1);
+        }
+    };
+    noteWritten(mProcedure.assigned);
+    noteWritten(mProcedure.passed);
+    if (mProcedure.usesExecute) mCode->written = ~std::uint64_t{0};
+}
+
+// Names that were never declared. One that the procedure writes to is a variable of its own unless there is a global
+// one; so is one that it only passes to another procedure, which may write to it.
+void ProcedureCompiler::DeclareOpenNames() {
+    const auto isKnown = [&](const Identifier& name) {
+        return mLocals.Find(name.text, name.hash) || (mOwner && mOwner->members.Find(name.text, name.hash)) ||
+               mUnit.constants.Find(name.text, name.hash);
+    };
+    for (const Identifier& name : mProcedure.assigned) {
+        if (isKnown(name)) continue;
+        DeclareLocal(name, Local::Kind::Variable, mProcedure.position);
+        mCode->open.push_back({static_cast<std::uint16_t>(mTop - 1), NameIndex(name)});
+    }
+    for (const Identifier& name : mProcedure.passed) {
+        if (isKnown(name) || FindConstant(name.text)) continue;
+        DeclareLocal(name, Local::Kind::Open, mProcedure.position);
+        mCode->open.push_back({static_cast<std::uint16_t>(mTop - 1), NameIndex(name)});
+    }
+}
+
+ProcedureCompiler::Meaning ProcedureCompiler::Find(const Identifier& name) {
+    Meaning meaning;
+    if (const Local* local = mLocals.Find(name.text, name.hash)) {
+        meaning.kind = local->kind == Local::Kind::Variable ? Meaning::Kind::Variable
+                       : local->kind == Local::Kind::Open   ? Meaning::Kind::Open
+                                                            : Meaning::Kind::Constant;
+        meaning.operand = Slot(local->slot);
+        meaning.slot = local->slot;
+        meaning.constant = local->constant;
+        return meaning;
+    }
+    if (mOwner) {
+        if (const ClassCode::Member* member = mOwner->members.Find(name.text, name.hash)) {
+            if (member->field == ClassCode::Member::kNoField) {
+                meaning.kind = Meaning::Kind::ClassMember;
+            } else {
+                meaning.kind = Meaning::Kind::Variable;
+                meaning.operand = Operand::Of(OperandKind::Field, member->field);
+            }
+            return meaning;
+        }
+    }
+    if (const Constant* const* constant = mUnit.constants.Find(name.text, name.hash)) {
+        meaning.kind = Meaning::Kind::Constant;
+        meaning.constant = *constant;
+        return meaning;
+    }
+    // Outside procedures, and for procedures beside them, variables of the same text are known to be ones.
+    if (mUnit.variables.Find(name.text, name.hash) && !mUnit.procedures.Find(name.text, name.hash)) {
+        meaning.kind = Meaning::Kind::Variable;
+        meaning.operand = NameOperand(name);
+    }
+    return meaning;
+}
+
+bool ProcedureCompiler::IsOwnResult(const Identifier& name) const noexcept {
+    if (!mCode->hasResult) return false;
+    const Local* local = mLocals.Find(name.text, name.hash);
+    return local && local->kind == Local::Kind::Variable && local->slot == mCode->result;
+}
+
+std::uint16_t ProcedureCompiler::NameIndex(const Identifier& name) {
+    if (const std::uint16_t* known = mNames.Find(name.text, name.hash)) return *known;
+    if (mCode->names.size() > Operand::kMaxIndex) Fail(CompileError::OutOfMemory, mProcedure.position);
+    const auto index = static_cast<std::uint16_t>(mCode->names.size());
+    mCode->names.push_back(
+        {Text(name.text), name.hash, FindIntrinsic(name.text), FindBuiltin(name.text), FindConstant(name.text)});
+    return mNames.Add(name.text, name.hash, index);
+}
+
+Operand ProcedureCompiler::NameOperand(const Identifier& name) {
+    return Operand::Of(OperandKind::Name, NameIndex(name));
+}
+
+std::uint16_t ProcedureCompiler::SiteIndex(const Identifier& name) {
+    if (mCode->sites.size() > 0xFFFF) Fail(CompileError::OutOfMemory, mProcedure.position);
+    MemberSite& site = mCode->sites.emplace_back();
+    site.name = Text(name.text);
+    site.hash = name.hash;
+    return static_cast<std::uint16_t>(mCode->sites.size() - 1);
+}
+
+// True for a function of the language, which changes no variable.
+bool ProcedureCompiler::IsPureFunction(const Expression& callee) {
+    return callee.kind == ExpressionKind::Name && FindBuiltin(callee.name.text) &&
+           !mUnit.procedures.Find(callee.name.text, callee.name.hash) &&
+           Find(callee.name).kind == Meaning::Kind::Global;
+}
+
+// True if the evaluation may call something that changes a variable.
+bool ProcedureCompiler::MayHaveEffects(const Expression& expression) {
+    const Expression* at = &expression;
+    for (;;) {
+        switch (at->kind) {
+            case ExpressionKind::Binary:
+                if (MayHaveEffects(*at->right)) return true;
+                at = at->left;
+                break;
+            case ExpressionKind::Unary:
+            case ExpressionKind::Bracketed:
+                at = at->left;
+                break;
+            case ExpressionKind::Name: {
+                const Meaning::Kind kind = Find(at->name).kind;
+                return kind != Meaning::Kind::Variable && kind != Meaning::Kind::Constant &&
+                       !FindConstant(at->name.text);
+            }
+            case ExpressionKind::Call:
+                if (!IsPureFunction(*at->left)) {
+                    // An index into a variable is harmless unless an object's default member is behind it.
+                    return true;
+                }
+                for (const Expression* argument : at->arguments) {
+                    if (MayHaveEffects(*argument)) return true;
+                }
+                return false;
+            case ExpressionKind::Literal:
+            case ExpressionKind::Me:
+            case ExpressionKind::Missing:
+                return false;
+            default:
+                return true;
+        }
+    }
+}
+
+Operand ProcedureCompiler::ConstantOperand(Variant value) {
+    if (mConstants.size() > Operand::kMaxIndex) Fail(CompileError::OutOfMemory, mProcedure.position);
+    mConstants.push_back(std::move(value));
+    return Operand::Of(OperandKind::Constant, mConstants.size() - 1);
+}
+
+}  // namespace ov::vbscript

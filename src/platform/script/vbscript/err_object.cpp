@@ -1,0 +1,68 @@
+#include "platform/script/vbscript/err_object.h"
+
+#include <array>
+
+#include "platform/automation/member.h"
+
+namespace ov::vbscript {
+
+namespace {
+
+constexpr std::u16string_view kSource = u"Microsoft VBScript runtime error";
+
+}  // namespace
+
+const InterfaceInfo& IErr::Members() {
+    static constexpr std::array kMembers = {
+        get_member<&IErr::get_Number>("Number").AsDefault(),
+        let_member<&IErr::let_Number>("Number"),
+        get_member<&IErr::get_Description>("Description"),
+        let_member<&IErr::let_Description>("Description"),
+        get_member<&IErr::get_Source>("Source"),
+        let_member<&IErr::let_Source>("Source"),
+        get_member<&IErr::get_HelpFile>("HelpFile"),
+        let_member<&IErr::let_HelpFile>("HelpFile"),
+        get_member<&IErr::get_HelpContext>("HelpContext"),
+        let_member<&IErr::let_HelpContext>("HelpContext"),
+        member<&IErr::Raise>("Raise"),
+        member<&IErr::Clear>("Clear"),
+    };
+    static const InterfaceInfo info(kIid, kName, kMembers);
+    return info;
+}
+
+void ErrObject::Raise(std::int32_t number, const std::optional<Text>& source, const std::optional<Text>& description,
+                      const std::optional<Text>& helpFile, const std::optional<std::int32_t>& helpContext) {
+    if (number == 0) ov::Raise(ErrorNumber::InvalidProcedureCall);
+    // What is left out is what the object holds for the same error, or for one that is only being prepared.
+    const bool keep = mNumber == number || mNumber == 0;
+    const RuntimeError error(number,
+                             source ? *source
+                             : keep ? mSource
+                                    : Text(),
+                             description                     ? *description
+                             : keep && !mDescription.empty() ? mDescription
+                                                             : ErrorText(number));
+    mHelpFile = helpFile ? *helpFile : keep ? mHelpFile : Text();
+    mHelpContext = helpContext ? *helpContext : keep ? mHelpContext : 0;
+    mHelpIsRaised = true;
+    throw error;
+}
+
+void ErrObject::Clear() {
+    mNumber = mHelpContext = 0;
+    mDescription = mSource = mHelpFile = Text();
+    mHelpIsRaised = false;
+}
+
+void ErrObject::Note(const RuntimeError& error) {
+    mNumber = error.number();
+    mDescription = error.description();
+    mSource = error.source().empty() ? Text(kSource) : error.source();
+    if (!std::exchange(mHelpIsRaised, false)) {
+        mHelpFile = Text();
+        mHelpContext = 0;
+    }
+}
+
+}  // namespace ov::vbscript

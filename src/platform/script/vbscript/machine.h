@@ -1,0 +1,166 @@
+/// @file
+/// Runs compiled code.
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <span>
+
+#include "platform/automation/errors.h"
+#include "platform/script/vbscript/builtins.h"
+#include "platform/script/vbscript/code.h"
+#include "platform/script/vbscript/instance.h"
+#include "platform/script/vbscript/namespace.h"
+
+namespace ov::vbscript {
+
+/// One procedure that runs.
+struct Frame {
+    const Code* code = nullptr;
+    const Instruction* pc = nullptr;  ///< the next instruction, while another procedure runs
+    Slot* slots = nullptr;
+    Slot* links = nullptr;   ///< one for each of the code's names
+    Slot* result = nullptr;  ///< gets the result
+    Namespace* space = nullptr;
+    Instance* me = nullptr;
+    BoundCode* bound = nullptr;     ///< held
+    Unit* unit = nullptr;           ///< held, of a text that was compiled at run time
+    Frame* scope = nullptr;         ///< the procedure whose variables are seen; itself for a procedure
+    Globals* localNames = nullptr;  ///< owned: names that texts of Execute added to a procedure
+    bool isEntry = false;           ///< the machine was called for it
+    bool discard = false;           ///< the result is not wanted
+    bool resumeNext = false;
+};
+
+/// The one machine of the process. Code runs in frames on a stack of its own, so that procedures that call each other
+/// take nothing of the thread's stack; only objects of the host, and what calls back from them, do.
+///
+/// Frame slots that are in no use hold nothing that needs a release, so that they can be overwritten.
+class Machine final : public BuiltinContext {
+public:
+    static Machine& Get();
+
+    /// Runs the statements, or evaluates the expression, of a text in the global namespace.
+    Variant RunUnit(Namespace& space, const Ref<Unit>& unit);
+    /// Calls a procedure, of @p me if it is a method. Arguments that it may have written are marked.
+    Variant CallProcedure(BoundCode& procedure, Instance* me, Arguments& arguments);
+    /// Uses a member of a script's object, for a caller outside scripts.
+    Variant InvokeInstance(Instance& instance, const ClassCode::Member& member, CallKind kind, Arguments& arguments);
+    /// Runs Class_Terminate, whose errors are nobody's.
+    void Terminate(Instance& instance) noexcept;
+
+    // BuiltinContext
+    void CheckTime() override;
+    std::uint32_t& RandomSeed() override;
+    Variant CallFunction(const Variant& function, std::span<Variant> arguments) override;
+
+private:
+    Machine();
+
+    // The loop.
+    Variant Run();
+    void Execute();
+    void Step(const Instruction& instruction);
+
+    // Frames.
+    Frame& PushFrame(BoundCode& procedure, Instance* me, Slot* arguments, std::size_t count, Slot* result,
+                     bool discard);
+    Frame& PushUnit(Namespace& space, const Ref<Unit>& unit, Frame* scope, Slot* result, bool discard);
+    Frame& NewFrame(const Code& code, Slot* slots);
+    void BindOpenNames(Frame& frame);
+    void PopFrame() noexcept;
+    Variant ResultOf(const Instruction& instruction);
+    bool EndFrame(Variant&& result);
+    Slot* StackTop() const noexcept;
+
+    // Operands of the current frame.
+    Slot& At(std::uint16_t operand) const noexcept;
+    const Variant& Read(Slot& slot);
+    const Variant& ReadName(Global& global, Slot* link);
+    void Write(Slot& slot, Variant&& value);
+    Variant& VariableOf(Slot& slot);
+    static void Store(Variant& variable, Variant&& value) noexcept;
+
+    // Operators.
+    void Operate(const Instruction& instruction);
+    void Compare(const Instruction& instruction);
+    bool Test(const Instruction& instruction);
+    bool IsTrue(const Instruction& instruction);
+    void Concatenate(const Instruction& instruction);
+    void ConcatenateAll(const Instruction& instruction);
+    void Append(const Instruction& instruction);
+
+    // Values and names.
+    void Let(const Instruction& instruction);
+    void Set(const Instruction& instruction);
+    void Move(const Instruction& instruction);
+    void PassRef(const Instruction& instruction);
+    void PassName(const Instruction& instruction);
+    void LoadName(const Instruction& instruction);
+    void New(const Instruction& instruction);
+    void ClearSlots(Slot* first, std::size_t count) noexcept;
+    void NoteNewVariable(Global& global);
+    Global* AddedName(const Name& name) const noexcept;
+    static void LinkGlobally(Namespace& space, const Name& name, Slot& link);
+    static void LinkLocally(Frame& scope, const Name& name, Slot& link);
+
+    // Calls. They leave the frame that is to go on as the current one.
+    void CallName(const Instruction& instruction);
+    void CallMember(const Instruction& instruction);
+    void CallValue(const Instruction& instruction);
+    void CallGlobal(Global& global, std::uint16_t window, std::size_t count, std::uint8_t flags);
+    void CallObject(Variant callee, Slot* arguments, std::size_t count, Slot* result, std::uint8_t flags);
+    void CallInstance(Instance& instance, const ClassCode::Member& member, Slot* arguments, std::size_t count,
+                      Slot* result, std::uint8_t flags);
+    void CallIntrinsic(Intrinsic intrinsic, Slot* window, std::size_t count, std::uint8_t flags);
+    void RunText(Intrinsic intrinsic, const Text& source, Slot* result, bool discard);
+    Variant CallNatively(Global& global);
+    template <class Function>
+    Variant CallWithValues(Slot* arguments, std::size_t count, Function function);
+    Variant InvokeObject(IDispatch* object, DispId id, CallKind kind, Slot* arguments, std::size_t count);
+    DispId FindMember(IDispatch* object, const MemberSite& site);
+    const ClassCode::Member& FindMember(Instance& instance, const MemberSite& site, bool isOwn);
+    void Finish(Slot* result, Variant&& value, std::uint8_t flags) noexcept;
+
+    // Elements and members.
+    void GetElement(const Instruction& instruction);
+    void RefElement(const Instruction& instruction);
+    void PutElement(const Instruction& instruction);
+    void PutIndexed(const Instruction& instruction);
+    void PutMember(const Instruction& instruction);
+    void PutBack(const Instruction& instruction, const Instruction& word);
+    void PutInto(Slot& place, Slot* window, std::size_t count, bool isSet);
+    void PutArrayElement(Array& array, Slot* window, std::size_t count);
+    void PutInstance(Instance& instance, const ClassCode::Member& member, Slot* window, std::size_t count, bool isSet);
+    void ReDim(const Instruction& instruction);
+    void Erase(const Instruction& instruction);
+    void With(const Instruction& instruction);
+
+    // Loops.
+    bool ForStart(const Instruction& instruction);
+    bool ForNext(const Instruction& instruction);
+    void ForEachStart(const Instruction& instruction);
+    bool ForEachNext(const Instruction& instruction);
+
+    // Errors.
+    void Recover(const Frame* entry);
+    bool Resume(const Frame* entry, const RuntimeError& error);
+    void Unwind(const Frame* entry) noexcept;
+    Position PositionOf(const Frame& frame) const noexcept;
+    void Tick() {
+        if (--mBudget < 0) CheckTime();
+    }
+
+    std::unique_ptr<std::byte[]> mSlotMemory;
+    std::unique_ptr<std::byte[]> mFrameMemory;
+    Slot* mSlots = nullptr;
+    Frame* mFrames = nullptr;
+    Frame* mTop = nullptr;       // the running procedure; below mFrames while there is none
+    std::uint64_t mWritten = 0;  // arguments that the last call may have written
+    std::int32_t mBudget = 0;    // jumps and calls until the time is looked at
+    bool mLoopAgain = false;
+    Variant mResult;     // of the run that ended last
+    Variant mNameValue;  // of a name that had to be called to be read
+};
+
+}  // namespace ov::vbscript

@@ -1,0 +1,184 @@
+#include "platform/script/vbscript/limits.h"
+#include "platform/script/vbscript/machine.h"
+#include "platform/script/vbscript/run_guard.h"
+
+namespace ov::vbscript {
+
+Slot* Machine::StackTop() const noexcept {
+    return mTop ? mTop->slots + mTop->code->frameSize : mSlots;
+}
+
+// A frame whose slots begin at `slots`. @throws RuntimeError 28
+Frame& Machine::NewFrame(const Code& code, Slot* slots) {
+    Frame* const frame = mTop ? mTop + 1 : mFrames;
+    if (frame == mFrames + kMaxCallDepth || slots + code.frameSize > mSlots + kStackSlots) {
+        Raise(ErrorNumber::OutOfStackSpace);
+    }
+    new (frame) Frame;
+    frame->code = &code;
+    frame->pc = code.instructions.data();
+    frame->slots = slots;
+    return *frame;
+}
+
+// Begins a procedure whose arguments are in the slots that will be its first ones.
+Frame& Machine::PushFrame(BoundCode& procedure, Instance* me, Slot* arguments, std::size_t count, Slot* result,
+                          bool discard) {
+    const Code& code = procedure.code;
+    if (count != code.parameters) Raise(ErrorNumber::WrongArgumentCount);
+    Tick();
+    Slot* const links = procedure.Links();
+    Frame& frame = NewFrame(code, arguments);
+    for (std::size_t i = count; i < code.frameSize; ++i) {
+        arguments[i].PutEmpty();
+    }
+    frame.links = links;
+    frame.result = result;
+    frame.discard = discard;
+    frame.space = procedure.space;
+    frame.scope = &frame;
+    frame.me = me;
+    if (me) me->AddRef();
+    frame.bound = &procedure;
+    procedure.AddRef();
+    mTop = &frame;
+    for (const std::uint16_t parameter : code.byValue) {
+        Slot& slot = arguments[parameter];
+        if (slot.IsAlias()) new (&slot.value) Variant(*slot.link.variable);
+    }
+    if (!code.open.empty()) BindOpenNames(frame);
+    return frame;
+}
+
+// Begins a text's statements or its expression. Its names stand for what the procedure `scope` sees, or for global
+// names if there is none.
+Frame& Machine::PushUnit(Namespace& space, const Ref<Unit>& unit, Frame* scope, Slot* result, bool discard) {
+    const Code& code = *unit->main;
+    Slot* const links = StackTop();
+    const std::size_t count = code.names.size();
+    if (links + count >= mSlots + kStackSlots) Raise(ErrorNumber::OutOfStackSpace);
+    Tick();
+    for (std::size_t i = 0; i < count; ++i) {
+        new (&links[i]) Slot;
+        if (scope) {
+            LinkLocally(*scope, code.names[i], links[i]);
+        } else {
+            LinkGlobally(space, code.names[i], links[i]);
+        }
+    }
+    Frame& frame = NewFrame(code, links + count);
+    for (std::size_t i = 0; i < code.frameSize; ++i) {
+        new (&frame.slots[i]) Slot;
+    }
+    frame.links = links;
+    frame.result = result;
+    frame.discard = discard;
+    frame.space = &space;
+    frame.scope = scope;
+    frame.me = scope ? scope->me : nullptr;
+    if (frame.me) frame.me->AddRef();
+    frame.unit = unit.get();
+    unit->AddRef();
+    mTop = &frame;
+    return frame;
+}
+
+// Ends the current procedure's variables, and with them maybe objects; then the frame.
+void Machine::PopFrame() noexcept {
+    Frame& frame = *mTop;
+    ClearSlots(frame.slots, frame.code->frameSize);
+    if (frame.localNames) delete std::exchange(frame.localNames, nullptr);
+    if (frame.me) frame.me->Release();
+    mTop = &frame == mFrames ? nullptr : &frame - 1;
+    if (frame.bound) frame.bound->Release();
+    if (frame.unit) frame.unit->Release();
+}
+
+Variant Machine::ResultOf(const Instruction& instruction) {
+    Frame& frame = *mTop;
+    if (instruction.op == Opcode::Return) {
+        return frame.code->hasResult ? std::move(frame.slots[frame.code->result].value) : Variant();
+    }
+    Slot& slot = At(instruction.a);
+    if (instruction.flags & kFreeA) return std::move(slot.value);
+    return Read(slot);
+}
+
+// Ends the current procedure. True if the machine was called for it.
+bool Machine::EndFrame(Variant&& result) {
+    const bool isEntry = mTop->isEntry;
+    const bool discard = mTop->discard;
+    Slot* const to = mTop->result;
+    mWritten = mTop->code->written;
+    PopFrame();
+    if (isEntry) {
+        mResult = std::move(result);
+    } else if (to) {
+        to->Take(discard ? Variant() : std::move(result));
+    }
+    return isEntry;
+}
+
+void Machine::ClearSlots(Slot* first, std::size_t count) noexcept {
+    for (Slot* slot = first; slot != first + count; ++slot) {
+        slot->Clear();
+    }
+}
+
+// The place in the text where a procedure is.
+Position Machine::PositionOf(const Frame& frame) const noexcept {
+    const auto behind = static_cast<std::uint32_t>(frame.pc - frame.code->instructions.data());
+    const Mark* mark = frame.code->MarkAt(behind == 0 ? 0 : behind - 1);
+    return mark ? mark->position : Position{};
+}
+
+// In a handler: goes on at the next statement of the innermost procedure with On Error Resume Next, with all
+// procedures that it called ended; throws the error if there is none up to the entry.
+void Machine::Recover(const Frame* entry) {
+    const Position position = PositionOf(*mTop);
+    try {
+        throw;
+    } catch (const ScriptTimeout&) {
+        Unwind(entry);
+        throw;
+    } catch (const EndScript&) {
+        Unwind(entry);
+        throw;
+    } catch (const ScriptError& error) {
+        if (Resume(entry, error)) return;
+        throw;
+    } catch (...) {
+        const RuntimeError error = CurrentError();
+        if (Resume(entry, error)) return;
+        throw ScriptError(error, false, static_cast<std::int32_t>(position.line),
+                          static_cast<std::int32_t>(position.column));
+    }
+}
+
+// False, with all procedures up to the entry ended, if none of them has On Error Resume Next.
+bool Machine::Resume(const Frame* entry, const RuntimeError& error) {
+    for (;;) {
+        Frame& frame = *mTop;
+        if (frame.resumeNext) {
+            const Code& code = *frame.code;
+            const auto failed = static_cast<std::uint32_t>(frame.pc - code.instructions.data()) - 1;
+            const Mark* mark = code.MarkAt(failed);
+            ClearSlots(frame.slots + mark->live, code.frameSize - mark->live);
+            frame.space->Err().Note(error);
+            frame.pc = code.instructions.data() + (mark + 1)->pc;
+            return true;
+        }
+        const bool isEntry = &frame == entry;
+        PopFrame();
+        if (isEntry) return false;
+    }
+}
+
+void Machine::Unwind(const Frame* entry) noexcept {
+    while (mTop != entry) {
+        PopFrame();
+    }
+    PopFrame();
+}
+
+}  // namespace ov::vbscript

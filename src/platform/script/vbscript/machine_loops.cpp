@@ -1,0 +1,99 @@
+#include "platform/automation/conversions.h"
+#include "platform/automation/enumeration.h"
+#include "platform/automation/operators.h"
+#include "platform/script/vbscript/machine.h"
+
+namespace ov::vbscript {
+
+namespace {
+
+/// A bound of a For loop as a number.
+Variant NumberOf(const Variant& value) {
+    if (value.IsObject()) return NumberOf(DefaultValue(value));
+    if (value.IsNull()) Raise(ErrorNumber::InvalidUseOfNull);
+    return Identity(value);
+}
+
+bool IsReached(const Variant& variable, const Variant& limit, const Variant& step) {
+    const bool isDown = Compare(step, Variant(std::int16_t{0})) == std::weak_ordering::less;
+    const std::optional<std::weak_ordering> order = Compare(variable, limit);
+    if (!order) Raise(ErrorNumber::InvalidUseOfNull);
+    return isDown ? *order >= 0 : *order <= 0;
+}
+
+}  // namespace
+
+// The loop counts in the widest type of start, limit and step, as their sum would have it. False if it does not run.
+bool Machine::ForStart(const Instruction& i) {
+    Slot* const control = mTop->slots + i.b;
+    Slot* const values = control + 2;
+    Variant start = NumberOf(Read(values[0]));
+    Variant limit = NumberOf(Read(values[1]));
+    Variant step = NumberOf(Read(values[2]));
+    ClearSlots(values, 3);
+    const auto isWhole = [](const Variant& value) {
+        return value.Type() == VarType::Integer || value.Type() == VarType::Long || value.Type() == VarType::Byte;
+    };
+    if (isWhole(start) && isWhole(limit) && isWhole(step)) {
+        const auto isLong = [](const Variant& value) { return value.Type() == VarType::Long; };
+        const VarType type = isLong(start) || isLong(limit) || isLong(step) ? VarType::Long : VarType::Integer;
+        start = ConvertTo(type, start);
+        limit = ConvertTo(type, limit);
+        step = ConvertTo(type, step);
+    } else if (start.Type() != VarType::Date && (limit.Type() == VarType::Double || step.Type() == VarType::Double)) {
+        start = ToDouble(start);
+    }
+    const bool runs = IsReached(start, limit, step);
+    control[0].Take(std::move(limit));
+    control[1].Take(std::move(step));
+    Write(At(i.a), std::move(start));
+    return runs;
+}
+
+// True if the body runs again.
+bool Machine::ForNext(const Instruction& i) {
+    Slot* const control = mTop->slots + i.b;
+    if (control[1].value.IsEmpty()) Raise(ErrorNumber::ForLoopNotInitialized);
+    Slot& variable = At(i.a);
+    Write(variable, Add(Read(variable), control[1].value));
+    return IsReached(Read(variable), control[0].value, control[1].value);
+}
+
+// The control slots hold an array and the position in it, or an enumerator.
+void Machine::ForEachStart(const Instruction& i) {
+    Slot* const control = mTop->slots + i.a;
+    Slot& from = At(i.b);
+    const Variant& collection = Read(from);
+    if (collection.IsArray()) {
+        control[0].Take(Variant(collection));
+        control[1].Take(Variant(std::int32_t{0}));
+    } else if (collection.IsObject()) {
+        if (collection.IsNothing()) Raise(ErrorNumber::ObjectVariableNotSet);
+        control[0].Take(Variant(Enumerate(collection.AsObject())));
+    } else {
+        Raise(ErrorNumber::NotACollection);
+    }
+    if (i.flags & kFreeB) from.Clear();
+}
+
+// False at the end.
+bool Machine::ForEachNext(const Instruction& i) {
+    Tick();
+    Slot* const control = mTop->slots + i.b;
+    Variant item;
+    if (control[0].value.IsArray()) {
+        const Array& array = control[0].value.AsArray();
+        const auto position = static_cast<std::size_t>(control[1].value.AsLong());
+        if (position >= array.size()) return false;
+        item = array.At(position);
+        control[1].Put(static_cast<std::int32_t>(position + 1));
+    } else if (control[0].value.IsObject()) {
+        if (!static_cast<IEnumVariant*>(control[0].value.AsObject())->Next(item)) return false;
+    } else {
+        Raise(ErrorNumber::ForLoopNotInitialized);
+    }
+    Write(At(i.a), std::move(item));
+    return true;
+}
+
+}  // namespace ov::vbscript

@@ -1,0 +1,45 @@
+/// @file
+/// The bounds of a running script: time, memory and the thread's stack.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+
+#include "platform/automation/memory_account.h"
+#include "platform/script/script_control.h"
+
+namespace ov::vbscript {
+
+/// Ends a script whose time is over. On Error Resume Next does not see it.
+class ScriptTimeout final : public ScriptError {
+public:
+    ScriptTimeout();
+};
+
+/// One run of the machine, by the host or by an object that a script called. Runs nest; the outermost one begins the
+/// bounds of time and memory.
+class RunGuard {
+public:
+    /// @param timeout milliseconds, 0 for no bound of this run's own
+    /// @throws RuntimeError 28 where runs nest too deep
+    explicit RunGuard(std::int32_t timeout);
+    ~RunGuard();
+    RunGuard(const RunGuard&) = delete;
+    RunGuard& operator=(const RunGuard&) = delete;
+
+    /// True while a script runs.
+    static bool IsActive() noexcept { return sDepth != 0; }
+    /// @throws ScriptTimeout
+    static void CheckTime();
+
+private:
+    static inline int sDepth = 0;
+    static inline std::int64_t sDeadline = 0;  // milliseconds of the clock; 0 for none
+    static inline const char* sStackStart = nullptr;
+
+    std::int64_t mOuterDeadline;
+    std::optional<MemoryAccount::Limit> mMemory;
+};
+
+}  // namespace ov::vbscript

@@ -4,11 +4,14 @@
 #include <array>
 #include <string_view>
 
-#include "contract/block.h"
-#include "contract/group.h"
 #include "module/environment.h"
 #include "module/module.h"
 #include "module/unload_pointer.h"
+#include "parameters/param_dependency.h"
+#include "parameters/parameter_int.h"
+#include "tree/block.h"
+#include "tree/channel.h"
+#include "tree/group.h"
 #include "tree/typed_collection.h"
 
 namespace ov {
@@ -29,6 +32,17 @@ constexpr std::array kMakers = {
     MakerOf<Module>(),
     MakerOf<Environment>(),
     MakerOf<UnloadPointer>(),
+    MakerOf<Channel>(),
+    MakerOf<Group>(),
+    MakerOf<Block>(),
+    MakerOf<ParameterInt>(),
+    MakerOf<ParamDependency>(),
+    MakerOf<ChannelScripting>(),
+    MakerOf<GroupScripting>(),
+    MakerOf<ScriptingParameters>(),
+    MakerOf<ScriptingGroups>(),
+    MakerOf<ScriptingChannels>(),
+    MakerOf<ScriptingTexts>(),
     MakerOf<TypedList<IBase_GuiModule>>(),
     MakerOf<TypedList<IBase_GuiChannel>>(),
     MakerOf<TypedList<IBase_GuiBlock>>(),

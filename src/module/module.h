@@ -19,6 +19,8 @@
 
 namespace ov {
 
+class Channel;
+
 /// `channels` and `station` have one name and two types in the module's faces; these facets part them.
 class GuiModuleFacet : public Facet<IBase_GuiModule> {
 public:
@@ -153,6 +155,9 @@ private:
     void ReadSupportedLanguages();
     void DropTree();
     bool LoadChannels();
+    void ReadChannels();
+    void TearDownChannels();
+    Ref<Channel> FirstChannel();
     void EndWithLog(std::u16string_view message, const Text& detail);
 
     // Catalogue
@@ -163,7 +168,9 @@ private:
 
     void mEnvironment_Changed(const Text& key, const Variant& value);
     void CloneTypeInto(Module& clone);
-    Variant EvaluateOnFirstChannel(const Text& text);
+    void CopyValuesTo(Module& clone);
+    bool UpdateDependenciesChannels();
+    bool CheckConsistencyAll();
     template <class Fold>
     void ForEachChannel(Fold fold);
 

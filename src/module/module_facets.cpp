@@ -9,22 +9,19 @@
 #include "platform/automation/conversions.h"
 #include "platform/system/file_system.h"
 #include "support/diagnostics.h"
+#include "tree/channel.h"
+#include "tree/row_values.h"
 
 namespace ov {
 
 namespace {
 
-// The ids of a path of three calls such as CH("c").G("g").P("p"); the path is parsed, not run.
+// The ids of a path of three calls such as CH("c").G("g").P("p"), or none; the path is parsed, not run.
 std::vector<Text> IdsOfPath(std::u16string_view path) {
-    constexpr std::u16string_view kCall = u"(\"";
+    const std::vector<std::u16string_view> pieces = SplitCalls(path, 4);
     std::vector<Text> ids;
-    for (std::size_t at = path.find(kCall); at != std::u16string_view::npos && ids.size() < 3;) {
-        at += kCall.size();
-        // The last piece runs to the end of the path, further calls included.
-        const std::size_t next = ids.size() == 2 ? std::u16string_view::npos : path.find(kCall, at);
-        std::u16string_view piece = path.substr(at, next == std::u16string_view::npos ? next : next - at);
-        ids.emplace_back(piece.substr(0, piece.find(u'"')));
-        at = next;
+    for (std::size_t i = 1; pieces.size() == 4 && i < pieces.size(); ++i) {
+        ids.emplace_back(pieces[i].substr(0, pieces[i].find(u'"')));
     }
     return ids;
 }
@@ -62,6 +59,11 @@ bool Module::authentification() {
     } catch (const RuntimeError&) {
         return false;
     }
+}
+
+Ref<Channel> Module::FirstChannel() {
+    const Ref<IBase_SpecChannel> first = mSpecChannels ? mSpecChannels->get_first() : nullptr;
+    return dynamic_cast<Channel*>(first.get());
 }
 
 Ref<CBase_GuiChannelCollection> Module::GuiChannels() {
@@ -205,6 +207,7 @@ Ref<IBase_SpecModule> Module::Clone() {
     try {
         mEnvironment->CopyContentsTo(clone->mEnvironment.get());
         clone->RegisterImExport(mImExport.get());
+        if (mSpecChannels) CopyValuesTo(*clone);
         clone->UpdateDependencies();
         return clone;
     } catch (const RuntimeError& error) {
@@ -228,17 +231,65 @@ bool Module::Compare(IBase_SpecModule* other, std::optional<eParameterKind> kind
     return true;
 }
 
-void Module::CheckConsistency() {
+// Driven by the tree of the clone, which this builds.
+void Module::CopyValuesTo(Module& clone) {
+    const auto walk = [](auto collection, auto visit) {
+        if (!collection) return;
+        const Ref<IEnumVariant> elements = collection->NewEnum();
+        for (Variant item; elements->Next(item);) {
+            visit(item.AsObject());
+        }
+    };
+    walk(clone.SpecChannels(), [&](IDispatch* channelObject) {
+        const auto channel = facet<IBase_SpecChannel>(channelObject);
+        const auto ownChannel = mSpecChannels->get_Item(ToText(channel->id()));
+        const auto ownGroups = ownChannel ? ownChannel->groups() : nullptr;
+        walk(channel->groups(), [&](IDispatch* groupObject) {
+            const auto group = facet<IBase_SpecGroup>(groupObject);
+            const auto ownGroup = ownGroups ? ownGroups->get_Item(ToText(group->id())) : nullptr;
+            const auto ownParameters = ownGroup ? ownGroup->parameters() : nullptr;
+            walk(group->parameters(), [&](IDispatch* parameterObject) {
+                const auto parameter = facet<IBase_SpecParameter>(parameterObject);
+                const auto own = ownParameters ? ownParameters->get_Item(ToText(parameter->id())) : nullptr;
+                if (!own) return;
+                parameter->let_realvalue(own->get_realvalue());
+                parameter->Gui()->ClearModified();  // a clone does not count as modified
+            });
+        });
+    });
+}
+
+bool Module::CheckConsistencyAll() {
+    bool all = true;
     if (const auto channels = mSpecChannels) {
-        channels->ForEach([](IBase_SpecChannel& channel) { return channel.CheckConsistency(), true; });
+        channels->ForEach([&](IBase_SpecChannel& spec) {
+            if (auto* channel = dynamic_cast<Channel*>(&spec)) all = channel->CheckConsistencyAll() && all;
+            return true;
+        });
     }
+    return all;
+}
+
+void Module::CheckConsistency() {
+    CheckConsistencyAll();
+}
+
+// True if a channel reports that a parameter which scripts have read was reconfigured.
+bool Module::UpdateDependenciesChannels() {
+    bool any = false;
+    if (const auto channels = mSpecChannels) {
+        channels->ForEach([&](IBase_SpecChannel& spec) {
+            if (auto* channel = dynamic_cast<Channel*>(&spec)) any = channel->ReconfigurationPass(true) || any;
+            return true;
+        });
+    }
+    return any;
 }
 
 void Module::UpdateDependencies() {
-    if (const auto channels = mSpecChannels) {
-        channels->ForEach([](IBase_SpecChannel& channel) { return channel.UpdateDependencies(), true; });
+    while (UpdateDependenciesChannels()) {
     }
-    CheckConsistency();
+    CheckConsistencyAll();
 }
 
 bool Module::Export(Variant& exportdata, Variant& sourceId) {
@@ -247,8 +298,10 @@ bool Module::Export(Variant& exportdata, Variant& sourceId) {
 
 bool Module::Import(Variant& importdata, Variant& sourceId) {
     if (!mImExport) Raise(ErrorNumber::ObjectVariableNotSet);
-    if (!mImExport->DoImport(this, importdata, sourceId)) return false;
-    UpdateDependencies();
+    // Imported once more as long as rules bring in parameters that an earlier round could not fill.
+    do {
+        if (!mImExport->DoImport(this, importdata, sourceId)) return false;
+    } while (UpdateDependenciesChannels());
     return true;
 }
 

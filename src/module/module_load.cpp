@@ -9,6 +9,7 @@
 #include "platform/system/file_system.h"
 #include "platform/system/folders.h"
 #include "support/diagnostics.h"
+#include "tree/channel.h"
 
 namespace ov {
 
@@ -186,24 +187,54 @@ bool Module::TakeType(const Text& moduletype, const Text& moduleid, const Text& 
 }
 
 void Module::DropTree() {
-    if (mSpecChannels) {
-        mMainValue = nullptr;
-        mSpecChannels->Clear();
-        mSpecChannels = nullptr;
-        mGuiChannels = nullptr;
-    }
+    TearDownChannels();
     mModuleTypeIdx = 0;
     mModuleType = Text();
     mName = Text();
     mId = Text();
 }
 
+// Takes the channels out of the tree, each with all that is below it, and the lists with them.
+void Module::TearDownChannels() {
+    mMainValue = nullptr;
+    const Ref<TypedList<IBase_SpecChannel>> channels = std::move(mSpecChannels);
+    mGuiChannels = nullptr;
+    if (!channels) return;
+    channels->ForEach([](IBase_SpecChannel& spec) {
+        if (auto* channel = dynamic_cast<Channel*>(&spec)) channel->Unload();
+        return true;
+    });
+    channels->Clear();
+}
+
 bool Module::LoadChannels() {
     if (mSpecChannels) return true;
+    try {
+        ReadChannels();
+        return true;
+    } catch (const RuntimeError& error) {
+        // What was built so far stays, and the next call counts it as loaded: a failed load does not retry.
+        EndWithLog(u"LoadChannels(): Error: ", error.description());
+        return false;
+    }
+}
+
+void Module::ReadChannels() {
     mSpecChannels = MakeObject<TypedList<IBase_SpecChannel>>();
     mGuiChannels = MakeObject<TypedList<IBase_GuiChannel>>();
     mGuiChannels->SetUnderlying(mSpecChannels->Underlying());
-    return true;
+    if (!mDB) Raise(ErrorNumber::ObjectVariableNotSet);
+    tBaseDescriptorDB desc;
+    desc.db = mDB;
+    // The key is the number of the type, not its name.
+    desc.rs = mDB->OpenRecordset(u"SELECT * FROM Channels WHERE ModuleType = " + Text::FromInteger(mModuleTypeIdx) +
+                                 u" ORDER BY [order]");
+    for (; !desc.rs->Eof(); desc.rs->MoveNext()) {
+        const Ref<Channel> channel = MakeObject<Channel>();
+        channel->Config(this, desc);
+        mSpecChannels->Add(channel.get(), ToText(channel->Id()));
+    }
+    desc.rs->Close();
 }
 
 void Module::Unload() {
@@ -223,7 +254,7 @@ void Module::Unload() {
     mEnumCache.Clear();
     mTexts = nullptr;
     mFiles = nullptr;
-    mMainValue = nullptr;
+    TearDownChannels();
     mStation = nullptr;
     mDB = nullptr;  // the database itself stays open for the next module
     DropTree();

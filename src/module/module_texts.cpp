@@ -6,6 +6,7 @@
 #include "platform/automation/conversions.h"
 #include "platform/system/file_system.h"
 #include "support/diagnostics.h"
+#include "tree/channel.h"
 
 namespace ov {
 
@@ -82,7 +83,19 @@ Text Module::GetTranslatedFile(std::int32_t index) {
         EndWithLog(u"GetTranslatedFile(", Text::FromInteger(index) + u"): Eintrag in Tabelle 'Files' nicht gefunden!");
         return Text();
     }
-    return *found;
+    const Text text = *found;
+    const bool older = GetModelVersionIndex() < 1;
+    if (text.empty() || (older && !HoldsCall(text)) || !LoadChannels()) return text;
+    const Ref<Channel> channel = FirstChannel();
+    if (!channel) return text;
+    try {
+        const Text resolved = ToText(older ? channel->EvaluateScript(text) : channel->Evaluate(text, false));
+        // Evaluated once for a language: the result takes the entry's place. The script may have changed the language.
+        if (mFiles && mFilesLanguage == mLanguage) mFiles->Replace(index, resolved);
+        return resolved;
+    } catch (const RuntimeError&) {
+        return text;
+    }
 }
 
 Text Module::GetIndexedFile(std::int32_t index) {
@@ -100,15 +113,20 @@ Text Module::ResolveStaticScript(const Text& text) {
     const bool older = GetModelVersionIndex() < 1;
     if (older && !HoldsCall(text)) return text;
     if (!LoadChannels()) return Text();
-    if (mSpecChannels->Count() == 0) {
+    const Ref<Channel> channel = FirstChannel();
+    if (!channel) {
         if (older || HasPrefix(text)) {
-            EndWithLog(u"ResolveStaticScript(" + text,
-                       (older ? u")(ModelVersionIndex=0)" : u")(ModelVersionIndex>0)") +
-                           Text(u": ERROR: für das Evaluieren von Skripten ist ein Channel notwendig!"));
+            LogEntry(Dispatch(),
+                     u"ResolveStaticScript(" + text + (older ? u")(ModelVersionIndex=0)" : u")(ModelVersionIndex>0)"),
+                     u": ERROR: für das Evaluieren von Skripten ist ein Channel notwendig!");
         }
         return older ? Text() : text;
     }
-    return text;
+    try {
+        return ToText(older ? channel->EvaluateScript(text) : channel->Evaluate(text, false));
+    } catch (const RuntimeError&) {
+        return Text();
+    }
 }
 
 void Module::EnumCacheSet(const Text& key, const std::shared_ptr<CEnumCacheItem>& item) {

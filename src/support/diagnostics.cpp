@@ -1,5 +1,7 @@
 #include "support/diagnostics.h"
 
+#include "platform/automation/errors.h"
+
 #include <cstdint>
 #include <string>
 
@@ -136,6 +138,14 @@ void AppendToFile(const Text& path, const Text& text, bool append) noexcept {
         file_system::WriteFile(path, text.ToUtf8() + '\n', append);
     } catch (...) {
         return;
+    }
+}
+
+Text TextForLog(const Variant& value) noexcept {
+    try {
+        return ToText(value);
+    } catch (const RuntimeError&) {
+        return Text();
     }
 }
 

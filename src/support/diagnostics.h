@@ -44,6 +44,9 @@ void LogEntry(IDispatch* source, const Text& message, std::u16string_view suffix
 /// Writes a line that must be seen, log or no log: to the debugger's output, and to the file if that is on.
 void LogAlways(std::u16string_view source, const Text& message) noexcept;
 
+/// The text of a value in a log line; "" for what has none, such as Null or an array. Never raises.
+Text TextForLog(const Variant& value) noexcept;
+
 /// Appends @p text and a line end to a file, or writes the file anew if @p append is false. Errors are swallowed.
 void AppendToFile(const Text& path, const Text& text, bool append) noexcept;
 

@@ -1,8 +1,11 @@
 // The command-line tool of OV_Model.
+#include <algorithm>
 #include <iostream>
+#include <memory>
 
 #include "module/host.h"
 #include "ovmodel/command.h"
+#include "ovmodel/run_command.h"
 #include "platform/locale/locale.h"
 
 namespace {
@@ -17,6 +20,22 @@ void AddGlobalOptions(CLI::App& app) {
            },
            "Locale of numbers and dates, such as de-DE")
         ->type_name("NAME");
+}
+
+// The script's own arguments are kept apart from the tool's, so that they may look like options.
+void AddRunCommand(CLI::App& app, const std::vector<std::string>& arguments, int& status) {
+    struct Options {
+        std::string script;
+        int timeout = 0;
+    };
+    const auto options = std::make_shared<Options>();
+    app.add_option("--timeout", options->timeout, "Most milliseconds that a script may run (default: no bound)")
+        ->check(CLI::NonNegativeNumber)
+        ->type_name("MS");
+    CLI::App* command = app.add_subcommand("run", "Run a VBScript file that drives the library");
+    command->add_option("SCRIPT", options->script, "Script file; what follows it is the script's own")->required();
+    command->callback(
+        [options, &arguments, &status] { status = ovmodel::RunScript(options->script, arguments, options->timeout); });
 }
 
 // The line for arguments that do not fit.
@@ -37,14 +56,18 @@ int main(int argc, char** argv) {
     CLI::App app("Reads device descriptors and drives the device models that they describe", "ovmodel");
     app.require_subcommand(1);
     app.set_version_flag("--version", "ovmodel " OV_MODEL_VERSION);
+    ovmodel::CommandLine line = ovmodel::SplitCommandLine(argc, argv);
+    int status = 0;
     try {
         AddGlobalOptions(app);
         ovmodel::AddTypesCommand(app);
         ovmodel::AddInfoCommand(app);
         ovmodel::AddTextCommand(app);
         ovmodel::AddPackCommand(app);
-        app.parse(argc, argv);
-        return 0;
+        AddRunCommand(app, line.script, status);
+        std::ranges::reverse(line.own);  // the parser takes its words from the end
+        app.parse(line.own);
+        return status;
     } catch (const CLI::Success& success) {
         return app.exit(success);
     } catch (const CLI::ParseError& error) {

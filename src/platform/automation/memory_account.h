@@ -1,14 +1,15 @@
 /// @file
-/// The account of the bytes that texts and arrays hold.
+/// The account of the bytes that texts, arrays and tables hold.
 #pragma once
 
 #include <cstddef>
 #include <limits>
+#include <utility>
 
 namespace ov {
 
-/// Counts the bytes in texts and arrays of the process and refuses growth above a limit. A script engine lowers the
-/// limit while a script runs, so that a script cannot take the host's memory; otherwise there is none.
+/// Counts the bytes in texts, arrays and tables of the process and refuses growth above a limit. A script engine lowers
+/// the limit while a script runs, so that a script cannot take the host's memory; otherwise there is none.
 class MemoryAccount {
 public:
     /// @throws RuntimeError 7 "Out of memory" where @p bytes would exceed the limit; nothing is taken then.
@@ -30,6 +31,27 @@ public:
         bool mLimited;
         std::size_t mFloor;
         std::size_t mLimit;
+    };
+
+    /// The bytes that one thing holds, returned when it ends.
+    class Share {
+    public:
+        Share() noexcept = default;
+        Share(Share&& other) noexcept : mBytes(std::exchange(other.mBytes, 0)) {}
+        Share& operator=(Share&& other) noexcept {
+            std::swap(mBytes, other.mBytes);
+            return *this;
+        }
+        ~Share() { Return(mBytes); }
+        /// @throws as Take, with nothing changed
+        void Resize(std::size_t bytes) {
+            if (bytes > mBytes) Take(bytes - mBytes);
+            if (bytes < mBytes) Return(mBytes - bytes);
+            mBytes = bytes;
+        }
+
+    private:
+        std::size_t mBytes = 0;
     };
 
 private:

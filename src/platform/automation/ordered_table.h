@@ -9,6 +9,8 @@
 #include <utility>
 #include <vector>
 
+#include "platform/automation/memory_account.h"
+
 namespace ov {
 
 /// Entries in the order in which they were added, with a hash index over those that have a key. Adding, finding and
@@ -127,9 +129,12 @@ private:
     void Compact() {
         if (mSize != mSlots.size()) Rebuild(FreeIndex(mSize));
     }
-    // An index with room for `count` entries. Made before a change, since the memory for it may not be had.
-    static std::vector<std::uint32_t> FreeIndex(std::size_t count) {
-        return std::vector<std::uint32_t>(std::bit_ceil(std::max<std::size_t>(count * 4, 8)), kFree);
+    // An index with room for `count` entries. Made before a change, since the memory for it, and for the half as many
+    // entries that can come before the next one, may not be had.
+    std::vector<std::uint32_t> FreeIndex(std::size_t count) {
+        const std::size_t size = std::bit_ceil(std::max<std::size_t>(count * 4, 8));
+        mShare.Resize(size * (sizeof(std::uint32_t) + sizeof(Slot) / 2));
+        return std::vector<std::uint32_t>(size, kFree);
     }
     // Closes the gaps and enters all entries in `index`.
     void Rebuild(std::vector<std::uint32_t> index) noexcept {
@@ -151,6 +156,7 @@ private:
     std::vector<std::size_t*> mCursors;  // of the walks under way
     std::size_t mSize = 0;
     std::size_t mFirst = 0;  // slots before it are gaps
+    MemoryAccount::Share mShare;
 };
 
 }  // namespace ov

@@ -159,6 +159,20 @@ Text Concatenate(std::u16string_view a, std::u16string_view b) {
     return text;
 }
 
+Text ReplaceAll(const Text& text, std::u16string_view mark, std::u16string_view content) {
+    std::size_t at = text.view().find(mark);
+    if (at == std::u16string_view::npos) return text;
+    Text result;
+    std::u16string_view rest = text;
+    for (; at != std::u16string_view::npos; at = rest.find(mark)) {
+        result += rest.substr(0, at);
+        result += content;
+        rest.remove_prefix(at + mark.size());
+    }
+    result += rest;
+    return result;
+}
+
 char16_t FoldCase(char16_t c) noexcept {
     if (c < 0x80) return c >= u'A' && c <= u'Z' ? static_cast<char16_t>(c + 0x20) : c;
     return FoldCharacter(c);

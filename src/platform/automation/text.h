@@ -121,6 +121,9 @@ inline Text operator+(Text&& a, const char16_t* b) {
     return std::move(a) + std::u16string_view(b);
 }
 
+/// @p text with every @p mark replaced by @p content, case included, from left to right.
+Text ReplaceAll(const Text& text, std::u16string_view mark, std::u16string_view content);
+
 /// The rule for ids, column names and keys: equal without regard to case (simple case folding, one character by one).
 bool EqualNoCase(std::u16string_view a, std::u16string_view b) noexcept;
 /// A hash that is equal for texts that are EqualNoCase.

@@ -1,5 +1,7 @@
 #include "platform/automation/variant.h"
 
+#include <vector>
+
 #include "platform/automation/dispatch.h"
 
 namespace ov {
@@ -24,19 +26,43 @@ void Variant::ShareContent(const Variant& other) noexcept {
     }
 }
 
+namespace {
+
+// Arrays hold arrays, and dictionaries hold dictionaries: what ends this deep inside the end of others waits in a list,
+// so that a chain of any length takes no more of the stack.
+constexpr int kMaxNestedEnds = 64;
+int gNestedEnds = 0;
+
+std::vector<Variant>& Waiting() noexcept {
+    static std::vector<Variant>& list = *new std::vector<Variant>;  // values may end after everything static
+    return list;
+}
+
+}  // namespace
+
 void Variant::ReleaseContent() noexcept {
     // The type goes first: ending an object may look at whoever holds this Variant.
-    switch (std::exchange(mType, VarType::Empty)) {
-        case VarType::String:
-            mText.~Text();
-            break;
-        case VarType::Array:
-            mArray.~Array();
-            break;
-        default:
-            if (mObject) mObject->Release();
-            break;
+    const VarType type = std::exchange(mType, VarType::Empty);
+    if (type == VarType::String) {
+        mText.~Text();
+        return;
     }
+    if (gNestedEnds >= kMaxNestedEnds) {
+        mType = type;
+        Waiting().push_back(std::move(*this));
+        return;
+    }
+    ++gNestedEnds;
+    if (type == VarType::Array) {
+        mArray.~Array();
+    } else if (mObject) {
+        mObject->Release();
+    }
+    while (gNestedEnds == 1 && !Waiting().empty()) {
+        const Variant next = std::move(Waiting().back());
+        Waiting().pop_back();
+    }
+    --gNestedEnds;
 }
 
 }  // namespace ov

@@ -118,8 +118,9 @@ struct Procedure {
     std::span<Parameter> parameters;
     std::span<Variable> variables;
     std::span<Constant> constants;
-    std::span<Identifier> assigned;  ///< every name that a statement writes to
-    std::span<Identifier> passed;    ///< every name that is an argument by itself
+    std::span<Identifier> assigned;     ///< every name that a statement writes to
+    std::span<Identifier> passed;       ///< every name that is an argument by itself
+    std::span<Identifier> dimensioned;  ///< every name of a ReDim, which declares what nothing else does
     Block body;
     Position end;
 };

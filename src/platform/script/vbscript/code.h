@@ -54,6 +54,7 @@ struct Mark {
     std::uint32_t pc = 0;
     Position position;
     std::uint16_t live = 0;  ///< frame slots that are in use; all others are free
+    bool resumes = true;     ///< On Error Resume Next may go on here; else it only tells the position
 };
 
 /// The instructions of one procedure, or of the statements outside procedures.
@@ -62,7 +63,6 @@ struct Mark {
 struct Code {
     Text name;
     ProcedureKind kind = ProcedureKind::Main;
-    bool isPublic = true;
     bool optionExplicit = false;
     std::uint16_t parameters = 0;
     std::uint16_t variables = 0;  ///< parameters included
@@ -93,7 +93,7 @@ struct Code {
     bool MayWrite(std::size_t parameter) const noexcept {
         return (written >> (parameter < kWrittenBits ? parameter : kWrittenBits - 1)) & 1;
     }
-    /// The mark of the statement that @p pc belongs to, or nullptr.
+    /// The mark at or before @p pc, or nullptr.
     const Mark* MarkAt(std::uint32_t pc) const noexcept;
 };
 
@@ -114,11 +114,14 @@ struct ClassCode {
     struct Member {
         static constexpr std::uint16_t kNoField = 0xFFFF;
         std::uint16_t field = kNoField;
-        bool isPublic = true;
+        std::uint8_t publicKinds = 0;  ///< bits of CallKind
         // Positions in `procedures`, or -1. A method is under `get`.
         std::int32_t get = -1;
         std::int32_t let = -1;
         std::int32_t set = -1;
+
+        /// True if anybody may use the member in this way.
+        bool IsPublic(CallKind kind) const noexcept { return (publicKinds & static_cast<unsigned>(kind)) != 0; }
     };
 
     std::uint64_t number = 0;  ///< tells classes apart, for ever

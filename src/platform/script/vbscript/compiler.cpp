@@ -66,7 +66,7 @@ void DeclareMembers(const Class& parsed, ClassCode& code) {
     for (const Variable& field : parsed.fields) {
         ClassCode::Member member;
         member.field = static_cast<std::uint16_t>(code.fields.size());
-        member.isPublic = field.isPublic;
+        if (field.isPublic) member.publicKinds = 0xFF;
         code.fields.push_back(DeclarationOf(field));
         code.members.Add(Text(field.name.text), field.name.hash, member);
     }
@@ -82,6 +82,10 @@ void DeclareMembers(const Class& parsed, ClassCode& code) {
         (procedure.kind == ProcedureKind::Let   ? member.let
          : procedure.kind == ProcedureKind::Set ? member.set
                                                 : member.get) = position;
+        const CallKind kind = procedure.kind == ProcedureKind::Let   ? CallKind::Let
+                              : procedure.kind == ProcedureKind::Set ? CallKind::Set
+                                                                     : CallKind::Call;
+        if (procedure.isPublic) member.publicKinds |= static_cast<std::uint8_t>(kind);
         if (procedure.isDefault) code.defaultMember = static_cast<std::int32_t>(index);
         if (procedure.kind != ProcedureKind::Sub) continue;
         if (EqualNoCase(procedure.name.text, u"Class_Initialize")) code.initialize = position;
@@ -98,7 +102,6 @@ std::unique_ptr<ClassCode> CompileClass(const Class& parsed, const UnitScope& sc
     DeclareMembers(parsed, *code);
     for (const Procedure* procedure : parsed.procedures) {
         code->procedures.push_back(ProcedureCompiler(scope, code.get(), *procedure).CompileBody());
-        code->procedures.back()->isPublic = procedure->isPublic;
     }
     return code;
 }
@@ -231,9 +234,20 @@ void ProcedureCompiler::LandHere(const Jumps& jumps) {
 }
 
 void ProcedureCompiler::PutMark(Position position) {
-    const Mark mark{Here(), position, static_cast<std::uint16_t>(mTop)};
+    PutMark(position, true);
+}
+
+// A place within a statement that has a position of its own.
+void ProcedureCompiler::PutPosition(Position position) {
+    PutMark(position, false);
+}
+
+void ProcedureCompiler::PutMark(Position position, bool resumes) {
+    const Mark mark{Here(), position, static_cast<std::uint16_t>(mTop), resumes};
     if (!mCode->marks.empty() && mCode->marks.back().pc == mark.pc) {
+        const bool known = mCode->marks.back().resumes;
         mCode->marks.back() = mark;
+        mCode->marks.back().resumes = known || resumes;
     } else {
         mCode->marks.push_back(mark);
     }

@@ -108,6 +108,8 @@ private:
     void LandHere(const Jumps& jumps);
     std::uint32_t Here() const noexcept { return static_cast<std::uint32_t>(mCode->instructions.size()); }
     void PutMark(Position position);
+    void PutPosition(Position position);
+    void PutMark(Position position, bool resumes);
     std::uint16_t NewTemp();
     void NewTemps(std::size_t count);
     bool IsTemp(Operand operand) const noexcept {

@@ -132,7 +132,9 @@ void ProcedureCompiler::ToTemp(const Expression& expression, std::uint16_t slot)
             break;
         }
         case ExpressionKind::Me:
-            if (!mOwner) Fail(CompileError::InvalidUseOfMe, expression.position);
+            // A text that is compiled at run time may run inside a method.
+            if (!mOwner && mProcedure.kind != ProcedureKind::Main)
+                Fail(CompileError::InvalidUseOfMe, expression.position);
             Emit(Opcode::LoadMe, slot);
             return;
         case ExpressionKind::New:

@@ -62,7 +62,7 @@ void ProcedureCompiler::DeclareNames() {
     for (const Variable& variable : mProcedure.variables) {
         DeclareLocal(variable.name, Local::Kind::Variable, variable.position);
     }
-    if (!mUnit.optionExplicit) DeclareOpenNames();
+    DeclareOpenNames();
     mCode->variables = static_cast<std::uint16_t>(mTop);
     const auto noteWritten = [&](std::span<const Identifier> names) {
         for (const Identifier& name : names) {
@@ -83,11 +83,12 @@ void ProcedureCompiler::DeclareOpenNames() {
         return mLocals.Find(name.text, name.hash) || (mOwner && mOwner->members.Find(name.text, name.hash)) ||
                mUnit.constants.Find(name.text, name.hash);
     };
-    for (const Identifier& name : mProcedure.assigned) {
+    for (const Identifier& name : mUnit.optionExplicit ? mProcedure.dimensioned : mProcedure.assigned) {
         if (isKnown(name)) continue;
         DeclareLocal(name, Local::Kind::Variable, mProcedure.position);
         mCode->open.push_back({static_cast<std::uint16_t>(mTop - 1), NameIndex(name)});
     }
+    if (mUnit.optionExplicit) return;
     for (const Identifier& name : mProcedure.passed) {
         if (isKnown(name) || FindConstant(name.text)) continue;
         DeclareLocal(name, Local::Kind::Open, mProcedure.position);

@@ -78,8 +78,9 @@ void ProcedureCompiler::Select(const Statement& statement) {
     Jumps ends;
     for (const Clause& clause : statement.clauses) {
         Jumps bodies, next;
+        // An error in the subject or in an item enters the body behind it, as one in the condition of If does.
         for (Expression* const& item : clause.items) {
-            PutMark(item->position);
+            PutPosition(item->position);
             const std::size_t top = mTop;
             const Operand value = Value(*item);
             std::uint8_t flags = LiteralFlags(*statement.value, *item);
@@ -197,8 +198,8 @@ void ProcedureCompiler::Do(const Statement& statement) {
     if (!isWhileWend) mLoops.push_back({TokenKind::Do, static_cast<std::uint16_t>(mTop), {}});
     Statements(statement.body);
     PutMark(statement.end);
+    // An error in a condition behind the loop leaves it: the jump back is a part of the same statement.
     if (statement.value && statement.flag) condition();
-    PutMark(statement.end);
     const std::size_t back = EmitJump(Opcode::JumpBack);
     JumpTo(back, start);
     if (!isWhileWend) {

@@ -91,7 +91,8 @@ void Instance::Abandon() noexcept {
 
 DispId Instance::GetIDsOfNames(std::u16string_view name) {
     const std::size_t index = mClass->code.members.IndexOf(name, HashNoCase(name));
-    if (index == mClass->code.members.kNone || !mClass->code.members[index].value.isPublic) return kDispIdUnknown;
+    if (index == mClass->code.members.kNone || mClass->code.members[index].value.publicKinds == 0)
+        return kDispIdUnknown;
     return static_cast<DispId>(index + 1);
 }
 

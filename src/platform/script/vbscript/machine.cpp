@@ -1,6 +1,7 @@
 #include "platform/script/vbscript/machine.h"
 
 #include "platform/script/script_control.h"
+#include "platform/script/vbscript/compile_errors.h"
 #include "platform/script/vbscript/fast_operators.h"
 #include "platform/script/vbscript/limits.h"
 #include "platform/script/vbscript/run_guard.h"
@@ -300,6 +301,7 @@ void Machine::Step(const Instruction& i) {
         case Opcode::Set:
             return Set(i);
         case Opcode::LoadMe:
+            if (!mTop->me) Fail(CompileError::InvalidUseOfMe, PositionOf(*mTop));
             At(i.a).Take(Variant(static_cast<IDispatch*>(mTop->me)));
             return;
         case Opcode::Clear:

@@ -119,7 +119,7 @@ private:
     Variant CallWithValues(Slot* arguments, std::size_t count, Function function);
     Variant InvokeObject(IDispatch* object, DispId id, CallKind kind, Slot* arguments, std::size_t count);
     DispId FindMember(IDispatch* object, const MemberSite& site);
-    const ClassCode::Member& FindMember(Instance& instance, const MemberSite& site, bool isOwn);
+    const ClassCode::Member& FindMember(Instance& instance, const MemberSite& site, CallKind kind, bool isOwn);
     void Finish(Slot* result, Variant&& value, std::uint8_t flags) noexcept;
 
     // Elements and members.

@@ -155,7 +155,7 @@ void Machine::CallMember(const Instruction& i) {
     }
     IDispatch* const object = value.AsObject();
     if (Instance* instance = Instance::From(object)) {
-        const ClassCode::Member& member = FindMember(*instance, site, (i.flags & kOwn) != 0);
+        const ClassCode::Member& member = FindMember(*instance, site, CallKind::Call, (i.flags & kOwn) != 0);
         return CallInstance(*instance, member, window + 1, i.c, window, i.flags);
     }
     Variant result = InvokeObject(object, FindMember(object, site), CallKind::Call, window + 1, i.c);
@@ -188,7 +188,7 @@ DispId Machine::FindMember(IDispatch* object, const MemberSite& site) {
     return id;
 }
 
-const ClassCode::Member& Machine::FindMember(Instance& instance, const MemberSite& site, bool isOwn) {
+const ClassCode::Member& Machine::FindMember(Instance& instance, const MemberSite& site, CallKind kind, bool isOwn) {
     const ClassCode& code = instance.Class().code;
     if (site.classNumber != code.number) {
         const std::size_t index = code.members.IndexOf(site.name, site.hash);
@@ -198,7 +198,7 @@ const ClassCode::Member& Machine::FindMember(Instance& instance, const MemberSit
         site.info = nullptr;
     }
     const ClassCode::Member& member = code.members[static_cast<std::size_t>(site.id)].value;
-    if (!isOwn && !member.isPublic) Raise(ErrorNumber::NoSuchMember);
+    if (!isOwn && !member.IsPublic(kind)) Raise(ErrorNumber::NoSuchMember);
     return member;
 }
 
@@ -216,7 +216,8 @@ void Machine::PutMember(const Instruction& i) {
     if (!isSet && value.value.IsObject()) value.Take(DefaultValue(value.value));
     IDispatch* const object = target.AsObject();
     if (Instance* instance = Instance::From(object)) {
-        const ClassCode::Member& member = FindMember(*instance, site, (i.flags & kOwn) != 0);
+        const ClassCode::Member& member =
+            FindMember(*instance, site, isSet ? CallKind::Set : CallKind::Let, (i.flags & kOwn) != 0);
         return PutInstance(*instance, member, window + 1, i.c, isSet);
     }
     InvokeObject(object, FindMember(object, site), isSet ? CallKind::Set : CallKind::Let, window + 1, i.c + 1u);
@@ -239,6 +240,7 @@ Variant Machine::InvokeInstance(Instance& instance, const ClassCode::Member& mem
                                 Arguments& arguments) {
     const Ref<Instance> keep(&instance);
     const bool isCall = Overlap(kind, CallKind::Call);
+    if (!member.IsPublic(kind)) Raise(ErrorNumber::NoSuchMember);
     if (member.field == ClassCode::Member::kNoField) {
         const bool asSet = kind == CallKind::Set && member.set >= 0;
         const std::int32_t procedure = isCall ? member.get : asSet ? member.set : member.let;

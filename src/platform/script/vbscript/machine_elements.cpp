@@ -172,7 +172,12 @@ void Machine::ReDim(const Instruction& i) {
     }
     ClearSlots(window, i.c);
     const std::span<const ArrayBound> all(bounds.data(), i.c);
-    Variant& variable = VariableOf(At(i.a));
+    Slot& place = At(i.a);
+    if (place.IsName() && place.link.global->kind == Global::Kind::Undefined) {
+        mTop->space->MakeVariable(*place.link.global);  // a declaration, under Option Explicit too
+        NoteNewVariable(*place.link.global);
+    }
+    Variant& variable = VariableOf(place);
     Array array;
     if (i.flags & kFixed) {
         if (i.c > 0) array = Array(VarType::Empty, all);

@@ -165,7 +165,10 @@ bool Machine::Resume(const Frame* entry, const RuntimeError& error) {
             const Mark* mark = code.MarkAt(failed);
             ClearSlots(frame.slots + mark->live, code.frameSize - mark->live);
             frame.space->Err().Note(error);
-            frame.pc = code.instructions.data() + (mark + 1)->pc;
+            do {
+                ++mark;
+            } while (!mark->resumes);
+            frame.pc = code.instructions.data() + mark->pc;
             return true;
         }
         const bool isEntry = &frame == entry;

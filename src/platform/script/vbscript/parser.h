@@ -28,6 +28,7 @@ private:
         std::vector<Constant> constants;
         std::vector<Identifier> assigned;
         std::vector<Identifier> passed;
+        std::vector<Identifier> dimensioned;
         bool usesExecute = false;
         int loops = 0;     // Do loops around the current statement
         int forLoops = 0;  // For loops around it
@@ -117,7 +118,9 @@ private:
     const std::vector<Token>& mTokens;
     const std::vector<Variant>& mLiterals;
     std::size_t mAt = 0;
-    std::size_t mLastBracket = 0;  // token of the last "(" that ParsePostfix read as a call
+    std::size_t mLastBracket = 0;       // token of the last "(" that ParsePostfix read as a call
+    std::size_t mSpacedBracket = 0;     // token of the first "(" behind a blank in a statement's callee
+    Expression* mSpacedCall = nullptr;  // and what it makes, or nullptr
     int mNesting = 0;
     Scope* mScope = nullptr;
     bool mInProcedure = false;

@@ -51,6 +51,7 @@ void Parser::FinishScope(Procedure& procedure, Scope& scope) {
     procedure.constants = Keep(scope.constants);
     procedure.assigned = Keep(scope.assigned);
     procedure.passed = Keep(scope.passed);
+    procedure.dimensioned = Keep(scope.dimensioned);
     procedure.usesExecute = scope.usesExecute;
 }
 

@@ -170,6 +170,10 @@ Expression* Parser::ParsePostfix(Expression* first, bool isStatement) {
             outer->arguments = ParseArguments(false);
             Expect(TokenKind::CloseBracket, CompileError::ExpectedCloseBracket);
             mLastBracket = bracket;
+            if (isStatement && token.blankBefore && !mSpacedCall) {
+                mSpacedCall = outer;
+                mSpacedBracket = bracket;
+            }
         }
         expression = outer;
     }

@@ -156,6 +156,7 @@ Statement* Parser::ParseStatement() {
 
 Statement* Parser::ParseCallOrAssignment() {
     const Position position = Current().position;
+    mSpacedCall = nullptr;
     Expression* target = ParsePostfix(nullptr, true);
     if (Is(TokenKind::Equal)) {
         Statement* assign = NewStatement(StatementKind::Assign);
@@ -171,12 +172,13 @@ Statement* Parser::ParseCallOrAssignment() {
 }
 
 // A call without the word Call. What looked like its brackets belongs to the first argument if the statement goes on
-// behind them: f (a) + b, c.
+// behind them: f (a) + b, c. So it does if a blank is before them and members are behind: f (a).b
 Statement* Parser::ParseCallArguments(Expression* callee, Position position) {
     Statement* call = NewStatement(StatementKind::Call);
     call->position = position;
     call->target = callee;
-    if (IsEndOfStatement()) {
+    const bool isArgument = mSpacedCall && mSpacedCall != callee;
+    if (IsEndOfStatement() && !isArgument) {
         if (callee->kind != ExpressionKind::Call) return call;
         if (callee->arguments.size() > 1) Fail(CompileError::CannotUseBracketsForSub, position);
         for (Expression*& argument : callee->arguments) {
@@ -186,7 +188,10 @@ Statement* Parser::ParseCallArguments(Expression* callee, Position position) {
         }
         return call;
     }
-    if (callee->kind == ExpressionKind::Call) {
+    if (isArgument) {
+        mAt = mSpacedBracket;
+        callee = mSpacedCall->left;
+    } else if (callee->kind == ExpressionKind::Call) {
         mAt = mLastBracket;
         callee = callee->left;
     }
@@ -452,6 +457,7 @@ Statement* Parser::ParseReDim() {
         }
         if (item->arguments.empty()) FailHere(CompileError::ExpectedExpression);
         NoteTarget(*item->left);
+        mScope->dimensioned.push_back(item->left->name);
         items.push_back(item);
     } while (Accept(TokenKind::Comma));
     statement->items = Keep(items);

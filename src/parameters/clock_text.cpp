@@ -1,0 +1,81 @@
+#include "parameters/clock_text.h"
+
+#include <cstdint>
+#include <cstdlib>
+#include <string_view>
+
+#include "parameters/value_type.h"
+#include "platform/automation/operators.h"
+
+namespace ov {
+
+namespace {
+
+constexpr std::int32_t kMinute = 60, kHour = 3600;
+
+Text TwoDigits(std::int64_t number) {
+    return (number < 10 ? u":0" : u":") + Text::FromInteger(number);
+}
+
+// The seconds of the last hour, 0 to 3599.
+std::int64_t SecondsOfHour(const Decimal& seconds) {
+    return std::abs((seconds % Decimal(kHour)).ToInt64()) % kHour;
+}
+
+Text HoursAndMinutes(const Decimal& seconds) {
+    const Decimal hours = (seconds / Decimal(kHour)).Fix();
+    return Text(hours.IsZero() ? u"0" : hours.ToString()) + TwoDigits(SecondsOfHour(seconds) / kMinute);
+}
+
+template <class T>
+T Number(std::u16string_view text) {
+    return ValueType<T>::From(text);
+}
+
+template <class T>
+T Times(const T& number, std::int32_t unit) {
+    return ValueType<T>::From(Multiply(number, unit));
+}
+
+template <class T>
+T Sum(const T& a, const T& b) {
+    return ValueType<T>::From(Add(a, b));
+}
+
+}  // namespace
+
+Text FormatSeconds(const Decimal& seconds) {
+    return HoursAndMinutes(seconds) + TwoDigits(SecondsOfHour(seconds) % kMinute);
+}
+
+Text FormatMinutes(const Decimal& seconds) {
+    return HoursAndMinutes(seconds);
+}
+
+template <class T>
+T ParseSeconds(const Text& text) {
+    const std::u16string_view whole = text;
+    const std::size_t last = whole.rfind(u':');
+    if (last == std::u16string_view::npos) return Number<T>(whole);
+    const T seconds = Number<T>(whole.substr(last + 1));
+    if (last == 0) return seconds;
+    const std::size_t first = whole.rfind(u':', last - 1);
+    if (first == std::u16string_view::npos) return Sum(Times(Number<T>(whole.substr(0, last)), kMinute), seconds);
+    const T minutes = Number<T>(whole.substr(first + 1, last - first - 1));
+    const T rest = Sum(Times(minutes, kMinute), seconds);
+    return first == 0 ? rest : Sum(Times(Number<T>(whole.substr(0, first)), kHour), rest);
+}
+
+template <class T>
+T ParseMinutes(const Text& text) {
+    const std::u16string_view whole = text;
+    const std::size_t mark = whole.rfind(u':');
+    if (mark == std::u16string_view::npos) return Number<T>(whole);
+    const T minutes = Number<T>(whole.substr(mark + 1));
+    return Sum(Times(minutes, kMinute), Times(Number<T>(whole.substr(0, mark)), kHour));
+}
+
+template std::int32_t ParseSeconds(const Text&);
+template std::int32_t ParseMinutes(const Text&);
+
+}  // namespace ov

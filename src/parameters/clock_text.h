@@ -1,0 +1,26 @@
+/// @file
+/// Counts of seconds as clock texts. The mark between the parts is ":" in every locale.
+#pragma once
+
+#include "platform/automation/decimal.h"
+#include "platform/automation/text.h"
+
+namespace ov {
+
+/// "25:01:01"; hours are not wrapped. A negative count has the sign before the hours if these are not 0.
+Text FormatSeconds(const Decimal& seconds);
+/// The same without the seconds, which are dropped.
+Text FormatMinutes(const Decimal& seconds);
+
+/// Reads hh:mm:ss, mm:ss, :ss or a bare number of seconds, as a value of type @p T (std::int32_t, Decimal). Parts are
+/// numbers of any size. @throws RuntimeError 13 for what is no number, 6 where a step leaves the type
+template <class T>
+T ParseSeconds(const Text& text);
+/// Reads hh:mm, or a bare number, which is of seconds as the value is. @throws the same
+template <class T>
+T ParseMinutes(const Text& text);
+
+extern template std::int32_t ParseSeconds(const Text&);
+extern template std::int32_t ParseMinutes(const Text&);
+
+}  // namespace ov

@@ -1,0 +1,32 @@
+#include "parameters/integer_type.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+
+#include "parameters/bit_conversions.h"
+#include "platform/automation/conversions.h"
+
+namespace ov {
+
+std::int32_t IntegerType<std::int32_t>::PatternOf(const Text& digits) {
+    return ToLong(u"&H" + digits);
+}
+
+Text IntegerType<std::int32_t>::DigitsOf(std::int32_t pattern) {
+    std::array<char, 8> digits;
+    char* const end =
+        std::to_chars(digits.data(), digits.data() + digits.size(), static_cast<std::uint32_t>(pattern), 16).ptr;
+    std::for_each(digits.data(), end, [](char& c) { c = c >= 'a' ? static_cast<char>(c - 'a' + 'A') : c; });
+    return Text::FromAscii({digits.data(), end});
+}
+
+std::int32_t IntegerType<std::int32_t>::ToSigned(std::int32_t pattern, std::int32_t width) {
+    return Unsigned2SignedL(pattern, width);
+}
+
+std::int32_t IntegerType<std::int32_t>::ToPattern(std::int32_t number, std::int32_t width) {
+    return Signed2UnsignedL(number, width);
+}
+
+}  // namespace ov

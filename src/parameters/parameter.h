@@ -1,0 +1,266 @@
+/// @file
+/// What the eight parameter classes have in common.
+///
+/// | layer                 | adds                                                                               |
+/// |-----------------------|------------------------------------------------------------------------------------|
+/// | `Parameter`           | row, group, marks, listeners, texts; the order of a configuration and of a check   |
+/// | `TypedParameter<T>`   | the value as a T; both ways of writing it; default, reset, comparison              |
+/// | `ScaledParameter<T>`  | numbers: gain and offset, limits, the text for files                               |
+/// | `IntegerParameter<T>` | whole numbers: width and sign, display forms                                       |
+/// | a final class         | what is its own                                                                    |
+///
+/// Rules, listeners and the dependency sweep run any code, which may write this parameter, unload its tree or let go of
+/// it. So an operation that runs them holds the parameter while it lasts, and asks for row and group anew after each.
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string_view>
+
+#include "contract/callbacks.h"
+#include "contract/group.h"
+#include "contract/internal.h"
+#include "contract/parameter.h"
+#include "parameters/device_image.h"
+#include "parameters/param_dependency.h"
+#include "parameters/parameter_owner.h"
+#include "parameters/value_type.h"
+#include "platform/automation/callback_list.h"
+#include "platform/automation/errors.h"
+
+namespace ov {
+
+/// `value` and `group` have one name and two types in the parameter's faces; these facets part them.
+class GuiParameterFacet : public Facet<IBase_GuiParameter> {
+public:
+    Text get_value() final { return ShownValue(); }
+    void let_value(const Text& value) final { WriteByUser(value); }
+    Ref<IBase_GuiGroup> group() final { return GuiGroup(); }
+
+protected:
+    virtual Text ShownValue() = 0;
+    virtual void WriteByUser(const Text& text) = 0;
+    virtual Ref<IBase_GuiGroup> GuiGroup() = 0;
+};
+
+/// The same for the engine. Set acts as let, and the four transfers are one operation.
+class SpecParameterFacet : public Facet<IBase_SpecParameter> {
+public:
+    Variant get_value() final { return EngineValue(); }
+    void let_value(const Variant& value) final { WriteByEngine(value); }
+    void set_value(const Variant& value) final { WriteByEngine(value); }
+    void set_realvalue(const Variant& value) final { let_realvalue(value); }
+    void set_tag(const Variant& value) final { let_tag(value); }
+    Ref<IBase_SpecGroup> group() final { return SpecGroup(); }
+    bool ExportToByteArrayMapByMemory(ByteArray& target, std::optional<std::int32_t> startByte,
+                                      std::optional<std::int32_t> bitlength, std::optional<std::int32_t> startBit,
+                                      std::optional<eByteOrder> byteOrder) final {
+        return Transfer(&target, PlaceOf(startByte, bitlength, startBit, byteOrder));
+    }
+    bool ImportFromByteArrayMapByMemory(const ByteArray& source, std::optional<std::int32_t> startByte,
+                                        std::optional<std::int32_t> bitlength, std::optional<std::int32_t> startBit,
+                                        std::optional<eByteOrder> byteOrder) final {
+        return Transfer(&source, PlaceOf(startByte, bitlength, startBit, byteOrder));
+    }
+    bool ExportToHexStringMapByMemory(Text& target, std::optional<std::int32_t> startByte,
+                                      std::optional<std::int32_t> bitlength, std::optional<std::int32_t> startBit,
+                                      std::optional<eByteOrder> byteOrder) final {
+        return Transfer(&target, PlaceOf(startByte, bitlength, startBit, byteOrder));
+    }
+    bool ImportFromHexStringMapByMemory(const Text& source, std::optional<std::int32_t> startByte,
+                                        std::optional<std::int32_t> bitlength, std::optional<std::int32_t> startBit,
+                                        std::optional<eByteOrder> byteOrder) final {
+        return Transfer(&source, PlaceOf(startByte, bitlength, startBit, byteOrder));
+    }
+
+protected:
+    virtual Variant EngineValue() = 0;
+    virtual void WriteByEngine(const Variant& value) = 0;
+    virtual Ref<IBase_SpecGroup> SpecGroup() = 0;
+    virtual bool Transfer(DeviceImage image, const ImagePlace& place) = 0;
+
+private:
+    static ImagePlace PlaceOf(std::optional<std::int32_t> startByte, std::optional<std::int32_t> bitlength,
+                              std::optional<std::int32_t> startBit, std::optional<eByteOrder> byteOrder) {
+        return {startByte.value_or(0), bitlength.value_or(0), startBit.value_or(0),
+                byteOrder.value_or(eByteOrder::eLittleEndian)};
+    }
+};
+
+/// The part of a parameter that knows nothing of the value's type.
+class Parameter : public FacetGroup<GuiParameterFacet, SpecParameterFacet, Facet<IBase_SpecParameterStorage>,
+                                    Facet<IBase_Internal>> {
+public:
+    // IBase_GuiParameter; `id`, `configState` and `scriptAccess` serve the other faces too.
+    eEditType editType() override { return eEditType::standard; }
+    Ref<ICollection> editValues() override { return nullptr; }
+    eParameterConfigState configState() override { return mConfigState; }
+    void ClearModified() override;
+    bool unknown() override { return mUnknown; }
+    void SetUnknown() override { SetUnknownTo(true); }
+    void ClearUnknown() override { SetUnknownTo(false); }
+    void LockDataset() override { SetDatasetLocked(true); }
+    void UnlockDataset() override { SetDatasetLocked(false); }
+    Text name() override { return TranslatedText(u"name"); }
+    bool editable() override;
+    Text description() override { return TranslatedText(u"description"); }
+    Text unit() override;
+    Text EditPlugin(Text* args) override;
+    bool expertOnly() override;
+    eParameterAuthentification authentification() override;
+    bool trendVariable() override;
+    Text html() override;
+    Text error() override;
+    Variant id() override { return mId; }
+    void RegisterCallback(IBase_CallbackParameter* cb) override;
+    void UnregisterCallback(IBase_CallbackParameter* cb) override;
+    Ref<IBase_SpecParameter> Spec() override { return this; }
+
+    // IBase_SpecParameter
+    Variant get_tag() override { return mTag; }
+    void let_tag(const Variant& value) override { mTag = value; }
+    Variant desc(const Text& fieldname, std::optional<bool> asScript) override;
+    eParameterKind kind() override { return mKind; }
+    bool valid() override { return mConfigState == eParameterConfigState::eParameterValid; }
+    eParameterDirection direction() override;
+    Ref<IBase_SpecParameter> Clone() override { return nullptr; }
+    Ref<IBase_GuiParameter> Gui() override { return this; }
+    bool scriptAccess() override { return mScriptAccess; }
+
+    // IBase_Internal
+    eParameterConfigState get_configState() override { return mConfigState; }
+    void let_configState(eParameterConfigState value) override;
+    bool get_scriptAccess() override { return mScriptAccess; }
+    void let_scriptAccess(bool value) override { mScriptAccess = value; }
+    bool CheckConsistency() override;
+    bool Config(IDispatch* parent, const Variant& desc) override;
+    std::int32_t DBindex() override { return mDBindex; }
+    Ref<CBase_ParamDependency> dependencies() override { return mDependency; }
+    void Unload() override;
+    Variant CheckNeedForReConfig() override { return false; }
+
+protected:
+    Parameter() : mDependency(MakeObject<ParamDependency>()) {}
+    ~Parameter() = default;
+
+    /// How far a parameter has come; decides whether a repeated configuration may put the default in.
+    enum class LoadState : std::uint8_t { NeverConfigured, HoldsDefault, Written };
+    /// What a text is made or read for, as log lines name it.
+    enum class Purpose : std::uint8_t { Show, Write, Test, Format };
+
+    // What a class adds to the configuration, in this order.
+    virtual void ReadType() = 0;           ///< `subtype` and the limits that follow from it
+    virtual void ReadDisplayFormat() = 0;  ///< `displayFormat`
+    virtual void ReadList() {}             ///< the list of a class that has one
+    virtual void SetMyValueToDefault() = 0;
+    virtual void KeepWrittenValue() {}  ///< instead of the default, where the value was written
+
+    // What a class adds to the check, in this order.
+    virtual bool RefreshScale() { return false; }  ///< True if gain or offset changed
+    virtual bool CheckLimits(bool& passes) = 0;    ///< settles the limits; True if one changed
+    virtual bool StateMayPass() { return mValueExt == eParameterValueExt::eParamValueExtNormalValue; }
+    virtual bool PassesRule() = 0;  ///< the column `consistency` for the value held
+    virtual void CheckFurther(bool& /*passes*/, bool /*limitsChanged*/) {}
+
+    virtual void SaveValue() = 0;  ///< takes the value for unmodified
+    virtual Text DisplayedValue() = 0;
+    virtual Text ValueText() = 0;  ///< the value in messages
+    /// Unit texts follow the module's language at their next read.
+    virtual void RefreshUnitForLanguage();
+
+    bool Transfer(DeviceImage /*image*/, const ImagePlace& /*place*/) override { return false; }
+    Text ShownValue() override;
+    Ref<IBase_GuiGroup> GuiGroup() override { return facet<IBase_GuiGroup>(mGroup); }
+    Ref<IBase_SpecGroup> SpecGroup() override { return facet<IBase_SpecGroup>(mGroup); }
+
+    // Row and group. Held by the caller while it works with them, since any script may unload the tree.
+    Ref<Collection> Row() const;                     ///< @throws RuntimeError 91 without a row
+    Ref<ParameterOwner> Owner() const;               ///< @throws RuntimeError 91 once unloaded
+    Ref<ModuleServices> Module() const;              ///< Nothing if the chain up to it is not whole
+    Variant Cell(std::u16string_view column) const;  ///< @throws RuntimeError 5 for a missing column
+    /// @p fallback for Null, and for a column that the table lacks.
+    Variant CellOr(std::u16string_view column, const Variant& fallback) const;
+    /// The cell as text, numbers with "."; "" for Null.
+    Text CellText(std::u16string_view column) const;
+    /// A cell that may be a rule, evaluated.
+    Variant EvaluatedCell(const char16_t* column, VarType type);
+
+    // Events. An event goes to the listeners in their order, then to the group; the first error ends the round.
+    using Event = void (IBase_CallbackParameter::*)(IBase_GuiParameter*);
+    static constexpr Event kReconfigured = &IBase_CallbackParameter::OnParameterReconfigured;
+    static constexpr Event kStateChanged = &IBase_CallbackParameter::OnParameterStateChanged;
+    static constexpr Event kValueChanged = &IBase_CallbackParameter::OnParameterValueChanged;
+    static constexpr Event kConfigStateChanged = &IBase_CallbackParameter::OnParameterConfigStateChanged;
+    void Notify(Event event);
+
+    /// Keeps the parameter alive for the scope of an operation that runs foreign code.
+    [[nodiscard]] Ref<IBase_GuiParameter> KeptAlive() { return this; }
+    /// A write counts from the first configuration on.
+    void MarkWritten() noexcept {
+        if (mLoadState == LoadState::HoldsDefault) mLoadState = LoadState::Written;
+    }
+    /// `Property_valueExt`: the engine's way to say a state without a number.
+    void WriteState(eParameterValueExt state);
+    /// Makes @p passes False and adds @p reason to mErrorText.
+    void Refuse(bool& passes, const Text& reason);
+    /// Evaluates @p script, a limit's text, into @p limit unless it is settled, and answers whether there is a limit to
+    /// be tested. An empty @p settledMark leaves the limit of the type in force where the column says nothing.
+    template <class Limit>
+    bool SettleLimit(Text& script, Limit& limit, const Text& settledMark);
+    /// The rule of the column `consistency`; "" if there is none.
+    Text ConsistencyRule() const;
+    /// Evaluates a rule; a failure is logged and counts as False.
+    bool EvaluateRule(const Text& script);
+    /// Runs the action that the descriptor has for a value, which is given by its text.
+    void RunActionOnChange(const Text& valueText);
+
+    // Log lines have the parameter as source.
+    void Log(const Text& message);
+    void LogWithId(const Text& message);  ///< behind "(ParamId ID) "
+
+    Ref<Collection> mData;
+    Ref<ParameterOwner> mGroup;
+    Ref<ParamDependency> mDependency;
+    Variant mId;
+    Text mMinScript, mMaxScript;  // "" or the mark of the class once the limit is settled
+    Text mUnit, mUnitScript;
+    Text mErrorText;  // why the last check or edit failed; for the eye of a debugger
+    std::int32_t mDBindex = 0;
+    std::int32_t mLanguage = 0;  // of mUnitScript
+    eParameterValueExt mValueExt = eParameterValueExt::eParamValueExtNormalValue;
+    eParameterValueExt mSavedValueExt = eParameterValueExt::eParamValueExtNormalValue;
+    LoadState mLoadState = LoadState::NeverConfigured;
+    bool mConsistent = false;
+    bool mUnknown = false;
+
+private:
+    Ref<Collection> RowOf(ParameterOwner& parent, const Variant& desc);
+    void ConfigureFirst();
+    void FetchUnit(ModuleServices* module);
+    Text TranslatedText(const char16_t* column) const;
+    Ref<Collection> LoadActionTable();
+    void ReadActions(const Text& key, Collection& actions);
+    void SetUnknownTo(bool unknown);
+    void SetDatasetLocked(bool locked);
+    IDispatch* Identity() { return static_cast<IBase_GuiParameter*>(this); }
+
+    Variant mTag;
+    std::unique_ptr<CallbackList<IBase_CallbackParameter>> mCallbacks;  // made at the first registration
+    eParameterKind mKind{};
+    eParameterConfigState mConfigState = eParameterConfigState::eParameterValid;
+    bool mScriptAccess = false;
+    bool mDatasetLocked = false;
+};
+
+template <class Limit>
+bool Parameter::SettleLimit(Text& script, Limit& limit, const Text& settledMark) {
+    if (!script.empty() && script != settledMark) {
+        const Ref<ParameterOwner> owner = Owner();
+        const Text text = script;  // a configuration that the rule causes must not change it meanwhile
+        limit = ValueType<Limit>::FromScript(*owner, text, mId);
+        owner->ForgetStaticScript(script, settledMark);
+    }
+    return settledMark.empty() || !script.empty();
+}
+
+}  // namespace ov

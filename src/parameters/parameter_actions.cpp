@@ -1,0 +1,63 @@
+// Scripts that the descriptor attaches to values: table Actions.
+#include "descriptor/row_collection.h"
+#include "parameters/parameter.h"
+
+#include "platform/automation/conversions.h"
+#include "support/diagnostics.h"
+
+namespace ov {
+
+namespace {
+
+constexpr const char16_t* kElse = u"ELSE";  // key of the action for every value that has none of its own
+
+}  // namespace
+
+void Parameter::RunActionOnChange(const Text& valueText) {
+    const Ref<Collection> actions = LoadActionTable();
+    const Variant* action = actions->Find(valueText);
+    if (!action) action = actions->Find(kElse);
+    if (!action || action->IsNull()) return;
+    const Text script = ReplaceAll(ToText(*action), u"P()", valueText);
+    const Ref<ParameterOwner> owner = mGroup;
+    if (owner && !script.empty()) owner->ExecuteScript(script);
+}
+
+// Read anew for every write: actions are rare, and their scripts may depend on anything.
+Ref<Collection> Parameter::LoadActionTable() {
+    Ref<Collection> actions = MakeObject<Collection>();
+    const Text key = mData ? CellText(u"actionOnChange") : Text();
+    if (key.empty()) return actions;
+    try {
+        ReadActions(key, *actions);
+    } catch (const RuntimeError& failure) {
+        if (DebugOutput()) {
+            Log(u"LoadActionTable(): ONERROR: Error " + Text::FromInteger(failure.number()) + u": " +
+                ErrorText(failure.number()) + u" (" + failure.description() + u")");
+        }
+    }
+    return actions;
+}
+
+void Parameter::ReadActions(const Text& key, Collection& actions) {
+    const Ref<ModuleServices> module = Module();
+    const Ref<Database> db = module ? module->GetDB() : nullptr;
+    if (!db) Raise(ErrorNumber::ObjectVariableNotSet);
+    const Ref<Recordset> rows =
+        db->OpenRecordset(u"SELECT [value],[actionScript] FROM [Actions] WHERE [ActionID] = '" + key + u"'",
+                          RecordsetType::dbOpenDynaset, RecordsetOptions::dbReadOnly);
+    for (; !rows->Eof(); rows->MoveNext()) {
+        const Variant value = rows->ValueAt(0);
+        const Variant script = rows->ValueAt(1);
+        if (script.IsNull() && !value.IsNull()) continue;
+        const Text entry = value.IsNull() ? Text(kElse) : ToText(value);
+        if (!actions.TryAdd(entry, script) && DebugOutput()) {
+            Log(u"Id '" + TextForLog(mId) + u"': LoadActionTable(): ERROR adding ACTION-item for value '" +
+                TextForLog(value) + u"' (actionScript=" + TextForLog(script) + u"): " +
+                ErrorText(static_cast<std::int32_t>(ErrorNumber::KeyAlreadyAssociated)));
+        }
+    }
+    rows->Close();
+}
+
+}  // namespace ov

@@ -1,0 +1,115 @@
+// How a parameter takes a row of the descriptor, and how the row is read.
+#include "contract/records.h"
+#include "descriptor/parameter_kind.h"
+#include "descriptor/row_collection.h"
+#include "parameters/parameter.h"
+#include "platform/automation/conversions.h"
+#include "platform/automation/record.h"
+
+namespace ov {
+
+bool Parameter::Config(IDispatch* parent, const Variant& desc) {
+    const Ref<ParameterOwner> owner = facet<ParameterOwner>(parent);
+    if (!owner) return false;
+    const Ref<Collection> row = RowOf(*owner, desc);
+    if (!row) return false;
+    const Ref<IBase_GuiParameter> alive = KeptAlive();
+
+    mData = row;
+    mGroup = owner;
+    mDBindex = ToLong(Cell(u"idx"));
+    if (mLoadState == LoadState::NeverConfigured) mId = Cell(u"ParameterId");  // log lines of all that follows name it
+    ReadType();
+    mMinScript = CellText(u"Min");
+    mMaxScript = CellText(u"Max");
+    ReadDisplayFormat();
+    FetchUnit(owner->Module().get());
+    ReadList();
+    if (mLoadState == LoadState::NeverConfigured) ConfigureFirst();
+    if (mLoadState == LoadState::Written) {
+        KeepWrittenValue();
+    } else {
+        SetMyValueToDefault();
+        SaveValue();
+    }
+    if (mLoadState != LoadState::NeverConfigured) {
+        Notify(kReconfigured);
+    } else {
+        mLoadState = LoadState::HoldsDefault;
+    }
+    return true;
+}
+
+void Parameter::ConfigureFirst() {
+    const Variant removeOnDependency = CellOr(u"removeOnDependency", false);
+    mDependency->Add(mDBindex, CellText(u"dependency"), ToBoolean(removeOnDependency), mData.get());
+    mKind = KindToBit(ToLong(Cell(u"kind")));
+    mConfigState = eParameterConfigState::eParameterValid;
+    mConsistent = true;
+    mUnknown = true;
+}
+
+Ref<Collection> Parameter::RowOf(ParameterOwner& parent, const Variant& desc) {
+    if (const auto* position = RecordOf<tBaseDescriptorDB>(desc)) {
+        if (!position->rs) return nullptr;
+        const bool held = mGroup == &parent && ToLong(FieldValue(*position->rs, u"idx")) == mDBindex;
+        return held ? nullptr : RowToCollection(*position->rs);
+    }
+    return desc.IsObject() ? Ref<Collection>(dynamic_cast<Collection*>(desc.AsObject())) : nullptr;
+}
+
+void Parameter::FetchUnit(ModuleServices* module) {
+    if (!module) return;
+    mLanguage = module->GetLanguage();
+    mUnitScript = module->GetTranslatedText(ToLong(CellOr(u"unit", 0)));
+}
+
+void Parameter::RefreshUnitForLanguage() {
+    const Ref<ModuleServices> module = Module();
+    if (module && module->GetLanguage() != mLanguage) FetchUnit(module.get());
+}
+
+void Parameter::Unload() {
+    const Ref<IBase_GuiParameter> alive = KeptAlive();
+    if (mCallbacks) mCallbacks->Clear();
+    // The row goes empty and not only away: the ring shares it.
+    if (const Ref<Collection> row = std::exchange(mData, nullptr)) row->Clear();
+    mGroup = nullptr;
+    mTag = Variant();
+}
+
+Ref<Collection> Parameter::Row() const {
+    if (!mData) Raise(ErrorNumber::ObjectVariableNotSet);
+    return mData;
+}
+
+Ref<ParameterOwner> Parameter::Owner() const {
+    if (!mGroup) Raise(ErrorNumber::ObjectVariableNotSet);
+    return mGroup;
+}
+
+Ref<ModuleServices> Parameter::Module() const {
+    const Ref<ParameterOwner> owner = mGroup;
+    return owner ? owner->Module() : nullptr;
+}
+
+Variant Parameter::Cell(std::u16string_view column) const {
+    return Row()->Get(column);
+}
+
+Variant Parameter::CellOr(std::u16string_view column, const Variant& fallback) const {
+    const Ref<Collection> row = Row();
+    const Variant* cell = row->Find(column);
+    return cell ? NullToDefault(*cell, fallback) : fallback;
+}
+
+Text Parameter::CellText(std::u16string_view column) const {
+    return ToInvariantText(CellOr(column, Text()));
+}
+
+Variant Parameter::EvaluatedCell(const char16_t* column, VarType type) {
+    const Ref<Collection> row = Row();
+    return Owner()->GetParameterDescAsScript(column, *row, mId, type);
+}
+
+}  // namespace ov

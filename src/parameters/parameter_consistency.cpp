@@ -1,0 +1,51 @@
+// The check of a parameter, and its consistency rule.
+#include "parameters/parameter.h"
+#include "platform/automation/conversions.h"
+#include "support/diagnostics.h"
+
+namespace ov {
+
+bool Parameter::CheckConsistency() {
+    const Ref<IBase_GuiParameter> alive = KeptAlive();
+    bool passes = true;
+    mErrorText = Text();
+    const bool scaleChanged = RefreshScale();
+    const Text formerUnit = mUnit;
+    const bool limitsChanged = CheckLimits(passes);
+    if (!StateMayPass()) Refuse(passes, u"ValueExt = " + error());
+    if (passes && !PassesRule()) {
+        Refuse(passes, u"Value (" + ValueText() + u") didn't pass the additional consistency check");
+    }
+    const bool unitChanged = unit() != formerUnit;
+    CheckFurther(passes, limitsChanged);
+    if (scaleChanged || limitsChanged || unitChanged) Notify(kReconfigured);
+    if (mConsistent != passes) {
+        mConsistent = passes;
+        Notify(kStateChanged);
+    }
+    return passes;
+}
+
+void Parameter::Refuse(bool& passes, const Text& reason) {
+    passes = false;
+    mErrorText += reason;
+}
+
+Text Parameter::ConsistencyRule() const {
+    return mData ? CellText(u"consistency") : Text();
+}
+
+bool Parameter::EvaluateRule(const Text& script) {
+    try {
+        const Ref<ParameterOwner> owner = Owner();
+        const Ref<ModuleServices> module = owner->Module();
+        if (!module) Raise(ErrorNumber::ObjectVariableNotSet);
+        return ToBoolean(module->GetModelVersionIndex() >= 1 ? owner->EvaluateScriptOrLiteral(script, false)
+                                                             : owner->EvaluateRawScript(script, false, false));
+    } catch (const RuntimeError&) {
+        if (DebugOutput()) Log(u"EvaluateConsistency(): ERROR: script " + script + u" could not be processed!");
+        return false;
+    }
+}
+
+}  // namespace ov

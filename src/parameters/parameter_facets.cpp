@@ -1,0 +1,186 @@
+// What a parameter answers for itself, its marks, and its listeners.
+#include <bit>
+#include <cstdint>
+
+#include "contract/module.h"
+#include "parameters/parameter.h"
+
+#include "platform/automation/conversions.h"
+#include "support/diagnostics.h"
+
+namespace ov {
+
+namespace {
+
+Text AddressText(const void* object) {
+    return Text::FromInteger(static_cast<std::int64_t>(std::bit_cast<std::uintptr_t>(object)));
+}
+
+bool HasScriptPrefix(const Text& text) {
+    return text.view().starts_with(u"#:") || text.view().starts_with(u"!:");
+}
+
+}  // namespace
+
+Text Parameter::ShownValue() {
+    switch (mValueExt) {
+        case eParameterValueExt::eParamValueExtNaN:
+            return u"QNAN";
+        case eParameterValueExt::eParamValueExtErrorSettingValue:
+            return ErrorText(static_cast<std::int32_t>(ErrorNumber::InternalError));
+        case eParameterValueExt::eParamValueExtOutOfRange:
+            return ErrorText(static_cast<std::int32_t>(ErrorNumber::Overflow));
+        default:
+            return DisplayedValue();
+    }
+}
+
+Text Parameter::TranslatedText(const char16_t* column) const {
+    const Ref<ModuleServices> module = Module();
+    return module ? module->GetTranslatedText(ToLong(CellOr(column, 0))) : Text();
+}
+
+Text Parameter::html() {
+    const Ref<ModuleServices> module = Module();
+    return module ? module->GetTranslatedFile(ToLong(CellOr(u"html", 0))) : Text();
+}
+
+Text Parameter::unit() {
+    const Ref<IBase_GuiParameter> alive = KeptAlive();
+    RefreshUnitForLanguage();
+    const Ref<ParameterOwner> owner = mGroup;
+    // A row without unit text leaves the unit that was there before.
+    if (owner && !mUnitScript.empty()) {
+        Text text = mUnitScript;
+        owner->GetStringValueFromScript(text, mId);
+        mUnit = text;
+        owner->ForgetStaticScript(mUnitScript, Text());
+    }
+    return mUnit;
+}
+
+bool Parameter::editable() {
+    return ToBoolean(Cell(u"editable")) && !mDatasetLocked;
+}
+
+bool Parameter::expertOnly() {
+    return ToBoolean(Cell(u"expertOnly"));
+}
+
+bool Parameter::trendVariable() {
+    return ToBoolean(CellOr(u"trendvariable", Text()));  // a Null is no Boolean here, and fails
+}
+
+Text Parameter::EditPlugin(Text* args) {
+    if (args) {
+        *args = CellText(u"editPluginArguments");
+        const Ref<ModuleServices> module = Module();
+        if (module && module->GetModelVersionIndex() >= 1 && HasScriptPrefix(*args)) *args = args->view().substr(2);
+    }
+    return CellText(u"EditPlugin");
+}
+
+eParameterAuthentification Parameter::authentification() {
+    const std::int32_t level = ToLong(Cell(u"authentification"));
+    const Ref<IBase_GuiModule> module = level > 0 ? facet<IBase_GuiModule>(Module()) : nullptr;
+    if (module && !module->authentification()) return eParameterAuthentification::eParameterAuthNone;
+    return static_cast<eParameterAuthentification>(level);
+}
+
+eParameterDirection Parameter::direction() {
+    constexpr auto kDefault = static_cast<std::int32_t>(eParameterDirection::eParameterDirectionReadWrite);
+    return static_cast<eParameterDirection>(ToLong(CellOr(u"direction", kDefault)));
+}
+
+Text Parameter::error() {
+    return Text::FromInteger(static_cast<std::int32_t>(mValueExt));
+}
+
+Variant Parameter::desc(const Text& fieldname, std::optional<bool> asScript) {
+    const Ref<IBase_GuiParameter> alive = KeptAlive();
+    if (asScript.value_or(false)) {
+        const Ref<Collection> row = Row();
+        return Owner()->GetParameterDescAsScript(fieldname, *row, mId, VarType::Empty);
+    }
+    try {
+        return Cell(fieldname);
+    } catch (const RuntimeError& failure) {
+        if (DebugOutput()) {
+            Log(u"Parameter '" + TextForLog(mId) + u" '.IBase_SpecParameter_desc(" + fieldname +
+                u",False): ERROR getting value () from Collection: " + failure.description() + u", ObjPtr=" +
+                AddressText(mData.get()) + u", ObjPtr(Me)=" + AddressText(Identity()));
+        }
+        return Variant();
+    }
+}
+
+void Parameter::ClearModified() {
+    if (!modified()) return;
+    const Ref<IBase_GuiParameter> alive = KeptAlive();
+    SaveValue();
+    Notify(kStateChanged);
+}
+
+void Parameter::SetUnknownTo(bool unknown) {
+    if (mUnknown == unknown) return;
+    const Ref<IBase_GuiParameter> alive = KeptAlive();
+    mUnknown = unknown;
+    Notify(kStateChanged);
+}
+
+void Parameter::SetDatasetLocked(bool locked) {
+    const Ref<IBase_GuiParameter> alive = KeptAlive();
+    const bool before = editable();
+    mDatasetLocked = locked;
+    if (editable() != before) Notify(kReconfigured);
+}
+
+void Parameter::let_configState(eParameterConfigState value) {
+    if (mConfigState == value) return;
+    const Ref<IBase_GuiParameter> alive = KeptAlive();
+    mConfigState = value;
+    Notify(kConfigStateChanged);
+}
+
+void Parameter::WriteState(eParameterValueExt state) {
+    const Ref<IBase_GuiParameter> alive = KeptAlive();
+    try {
+        MarkWritten();
+        if (mValueExt == state) {
+            ClearUnknown();
+            return;
+        }
+        mUnknown = false;
+        mValueExt = state;
+        Notify(kValueChanged);
+    } catch (const RuntimeError&) {
+        if (DebugOutput()) {
+            LogWithId(u"Property Let Property_valueExt(" + Text::FromInteger(static_cast<std::int32_t>(state)) +
+                      u"): ERROR: Aktion nicht möglich");
+        }
+    }
+}
+
+void Parameter::RegisterCallback(IBase_CallbackParameter* cb) {
+    if (!mCallbacks) mCallbacks = std::make_unique<CallbackList<IBase_CallbackParameter>>();
+    mCallbacks->Add(cb);
+}
+
+void Parameter::UnregisterCallback(IBase_CallbackParameter* cb) {
+    if (mCallbacks && cb) mCallbacks->Remove(cb);
+}
+
+void Parameter::Notify(Event event) {
+    if (mCallbacks) mCallbacks->Tell([&](IBase_CallbackParameter& listener) { (listener.*event)(this); });
+    if (const auto group = facet<IBase_CallbackParameter>(mGroup)) (group.get()->*event)(this);
+}
+
+void Parameter::Log(const Text& message) {
+    LogEntry(Identity(), message);
+}
+
+void Parameter::LogWithId(const Text& message) {
+    LogEntry(Identity(), u"(ParamId " + TextForLog(mId) + u") " + message);
+}
+
+}  // namespace ov

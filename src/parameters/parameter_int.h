@@ -1,0 +1,22 @@
+/// @file
+/// The integer of up to 32 bits.
+#pragma once
+
+#include "contract/default_interfaces.h"
+#include "parameters/integer_parameter.h"
+
+namespace ov {
+
+/// CBase_ParameterInt: a signed or unsigned integer held in a Long, so unsigned ones of up to 31 bits. Its writes run
+/// the actions that the descriptor attaches to values.
+class ParameterInt final : public Object<ParameterInt, Facet<CBase_ParameterInt>, IntegerParameter<std::int32_t>> {
+public:
+    static constexpr const char* kClassName = "CBase_ParameterInt";
+
+private:
+    void AfterEqualUserWrite() override { RunActionOnChange(Text::FromInteger(mValue)); }
+    void AfterUserWrite(const Content&) override { RunActionOnChange(Text::FromInteger(mValue)); }
+    void AfterEngineWrite(const Content&) override { RunActionOnChange(Text::FromInteger(mValue)); }
+};
+
+}  // namespace ov

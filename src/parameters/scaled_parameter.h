@@ -1,0 +1,62 @@
+/// @file
+/// Numbers with gain and offset between the display view and the device view.
+#pragma once
+
+#include "parameters/typed_parameter.h"
+
+namespace ov {
+
+/// A parameter whose value is a number of type @p T: std::int32_t, double or Decimal. value = realvalue x gain +
+/// offset; limits and the value held are in the display view. Each product or quotient is rounded once, at its end.
+template <class T>
+class ScaledParameter : public TypedParameter<T> {
+public:
+    Variant Min() override { return mMin; }
+    Variant Max() override { return mMax; }
+    Variant get_realvalue() override;
+    void let_realvalue(const Variant& value) override;
+    Text get_realvalueForStorage() override;
+    void let_realvalueForStorage(const Text& value) override;
+    Variant CheckNeedForReConfig() override;
+
+protected:
+    using typename Parameter::LoadState;
+
+    bool RefreshScale() override;
+    bool CheckLimits(bool& passes) override;
+    bool IsInRange(const T& value) override { return !IsBelowMin(value) && !IsAboveMax(value); }
+    T DefaultFromLimits() override;
+    T ToDisplayView(const Variant& value, bool isRealValue) override;
+    Text RuleText(const T& value) override { return ToInvariantText(Variant(value)); }
+
+    virtual bool IsBelowMin(const T& value) const { return value < mMin; }
+    virtual bool IsAboveMax(const T& value) const { return value > mMax; }
+    /// What stands in place of a limit's text once it is evaluated; @see Parameter::SettleLimit
+    virtual Text SettledMark() const { return Text(); }
+    /// The value moved because gain or offset changed.
+    virtual void AfterRescale() {}
+
+    bool IsUnscaled() const noexcept { return mScale == Scale{}; }
+    /// @p realValue in the display view, not yet rounded. @throws RuntimeError for what is no number
+    Variant Scaled(const Variant& realValue) const;
+
+    T mMin{}, mMax{};
+
+private:
+    struct Scale {
+        double gain = 1;
+        double offset = 0;
+        friend bool operator==(const Scale&, const Scale&) = default;
+    };
+
+    Scale ReadScale();
+    double ReadFactor(const char16_t* column, double fallback);
+    void KeepRealValue(const Scale& former);
+    T Rescaled(const T& value, const Scale& former) const;
+
+    Scale mScale;  // mRealgain, mRealoffset
+};
+
+extern template class ScaledParameter<std::int32_t>;
+
+}  // namespace ov

@@ -1,0 +1,129 @@
+#include "tree/block.h"
+
+#include "descriptor/row_collection.h"
+#include "platform/automation/operators.h"
+#include "support/diagnostics.h"
+#include "tree/channel.h"
+#include "tree/group.h"
+#include "tree/row_values.h"
+
+namespace ov {
+
+void Block::Config(Channel* channel, Recordset& row) {
+    mChannel = channel;
+    mId = FieldValue(row, u"BlockId");
+    mIdx = ToLong(FieldValue(row, u"idx"));
+    mNameId = LongOr(FieldValue(row, u"name"), 0);
+}
+
+void Block::AddGroup(Group& group) {
+    const Collection& row = group.Row();
+    for (const char16_t* column : {u"block1", u"block2", u"block3"}) {
+        if (!EqualValues(row.Get(column), Variant(mIdx))) continue;
+        const Variant& position = row.Get(Text(column) + u"order");
+        mSortList.InsertKeyAscending(position.IsNull() ? Variant(0) : position)->data =
+            Variant(static_cast<IBase_GuiGroup*>(&group));
+        mGroupsValid = false;
+        return;
+    }
+    if (DebugOutput()) LogEntry(Dispatch(), u"AddGroup: ERROR: Block ist nicht in der Gruppe eingetragen!");
+}
+
+const Ref<TypedList<IBase_GuiGroup>>& Block::SortedGroups() {
+    if (!mGroupsValid) {
+        mGroups->Clear();
+        for (CLinkedListElement* element = mSortList.first(); element; element = element->after()) {
+            const auto group = facet<IBase_GuiGroup>(element->data.AsObject());
+            mGroups->Add(group.get(), ToText(group->id()));
+        }
+        mGroupsValid = true;
+    }
+    return mGroups;
+}
+
+Text Block::name() {
+    ModuleServices* services = mChannel ? mChannel->Services() : nullptr;
+    return services ? services->GetTranslatedText(mNameId) : Text();
+}
+
+Ref<IBase_GuiChannel> Block::channel() {
+    return mChannel;
+}
+
+bool Block::consistent(std::optional<eParameterKind> kind) {
+    bool all = true;
+    SortedGroups()->ForEach([&](IBase_GuiGroup& group) { return all = group.consistent(kind); });
+    return all;
+}
+
+bool Block::modified(std::optional<eParameterKind> kind) {
+    bool any = false;
+    SortedGroups()->ForEach([&](IBase_GuiGroup& group) { return !(any = group.modified(kind)); });
+    return any;
+}
+
+bool Block::unknown(std::optional<eParameterKind> kind) {
+    bool any = false;
+    SortedGroups()->ForEach([&](IBase_GuiGroup& group) { return !(any = group.unknown(kind)); });
+    return any;
+}
+
+void Block::ClearModified(std::optional<eParameterKind> kind) {
+    SortedGroups()->ForEach([&](IBase_GuiGroup& group) { return group.ClearModified(kind), true; });
+}
+
+void Block::SetUnknown(std::optional<eParameterKind> kind) {
+    SortedGroups()->ForEach([&](IBase_GuiGroup& group) { return group.SetUnknown(kind), true; });
+}
+
+void Block::ClearUnknown(std::optional<eParameterKind> kind) {
+    SortedGroups()->ForEach([&](IBase_GuiGroup& group) { return group.ClearUnknown(kind), true; });
+}
+
+void Block::ResetValue(std::optional<eParameterKind> kind) {
+    SortedGroups()->ForEach([&](IBase_GuiGroup& group) { return group.ResetValue(kind), true; });
+}
+
+void Block::LockDataset(std::optional<eParameterKind> kind) {
+    SortedGroups()->ForEach([&](IBase_GuiGroup& group) { return group.LockDataset(kind), true; });
+}
+
+void Block::UnlockDataset(std::optional<eParameterKind> kind) {
+    SortedGroups()->ForEach([&](IBase_GuiGroup& group) { return group.UnlockDataset(kind), true; });
+}
+
+void Block::RegisterCallback(IDispatch* cb) {
+    Ref<IBase_CallbackParameter> listener = CastListener<IBase_CallbackParameter>(cb);
+    if (!listener) Raise(ErrorNumber::TypeMismatch);
+    mCallbacks.Add(std::move(listener));
+}
+
+void Block::OnParameterReconfigured(IBase_GuiParameter* p) {
+    mCallbacks.Tell([p](IBase_CallbackParameter& listener) { listener.OnParameterReconfigured(p); });
+}
+
+void Block::OnParameterStateChanged(IBase_GuiParameter* p) {
+    mCallbacks.Tell([p](IBase_CallbackParameter& listener) { listener.OnParameterStateChanged(p); });
+}
+
+void Block::OnParameterValueChanged(IBase_GuiParameter* p) {
+    mCallbacks.Tell([p](IBase_CallbackParameter& listener) { listener.OnParameterValueChanged(p); });
+}
+
+void Block::OnParameterConfigStateChanged(IBase_GuiParameter* p) {
+    mCallbacks.Tell([p](IBase_CallbackParameter& listener) { listener.OnParameterConfigStateChanged(p); });
+}
+
+void Block::Unload() noexcept {
+    if (!mChannel) return;
+    mCallbacks.Clear();
+    mGroups->ForEach([](IBase_GuiGroup& group) {
+        if (auto* own = dynamic_cast<Group*>(&group)) own->Unload();
+        return true;
+    });
+    mGroups->Clear();
+    mChannel = nullptr;
+    // The sort list holds its groups to the block's own end.
+}
+
+}  // namespace ov

@@ -1,0 +1,222 @@
+// Loading, evaluation and the end of a channel.
+#include "tree/channel.h"
+
+#include <array>
+
+#include "descriptor/row_collection.h"
+#include "platform/automation/conversions.h"
+#include "support/diagnostics.h"
+#include "tree/block.h"
+#include "tree/edit_plugin.h"
+#include "tree/group.h"
+#include "tree/row_values.h"
+
+namespace ov {
+
+namespace {
+
+// Stands for a main value that was looked up in vain, so that it is not looked up again.
+constexpr const char16_t* kInvalid = u"Ungültig";
+
+}  // namespace
+
+void Channel::Config(IBase_SpecModule* module, const tBaseDescriptorDB& desc) {
+    mModule = module;
+    mServices = facet<ModuleServices>(module);
+    mScriptHost->BindModule(module);
+    mDesc = RowToCollection(*desc.rs);
+    mId = mDesc->Get(u"ChannelId");
+    mNameId = LongOr(mDesc->Get(u"name"), 0);
+    mChannelType = LongOr(mDesc->Get(u"ChannelType"), 0);
+}
+
+bool Channel::LoadGroups() {
+    if (mGroups) return true;
+    if (GlobalDiagnostics().timing && DebugOutput()) LogEntry(Dispatch(), u"Id '" + ToText(mId) + u"': LoadGroups()");
+    try {
+        ReadGroups();
+        return true;
+    } catch (const RuntimeError& error) {
+        if (DebugOutput()) LogEntry(Dispatch(), u"LoadGroups(): ONERROR: ", error.description());
+        return false;
+    }
+}
+
+void Channel::ReadGroups() {
+    if (!mModule) Raise(ErrorNumber::ObjectVariableNotSet);
+    mBlocks = MakeObject<TypedList<IBase_GuiBlock>>();
+    mGroups = MakeObject<TypedList<IBase_SpecGroup>>();
+    mScriptHost->BindChannel(this);
+    tBaseDescriptorDB desc;
+    desc.db = mServices->GetDB();
+    if (!desc.db) Raise(ErrorNumber::ObjectVariableNotSet);
+    // The rows come in the order that the store gives: the query asks for none.
+    desc.rs = desc.db->OpenRecordset(u"SELECT * FROM [Groups] WHERE [ChannelType] = " + Text::FromInteger(mChannelType),
+                                     RecordsetType::dbOpenDynaset, RecordsetOptions::dbReadOnly);
+    for (; !desc.rs->Eof(); desc.rs->MoveNext()) {
+        const Ref<Group> group = MakeObject<Group>();
+        group->Config(this, desc);
+        mGroups->Add(group.get(), ToText(group->Id()));
+        PlaceInBlocks(*group, *desc.rs);
+    }
+    desc.rs->Close();
+}
+
+void Channel::PlaceInBlocks(Group& group, Recordset& row) {
+    for (const char16_t* column : {u"block1", u"block2", u"block3"}) {
+        const Variant number = FieldValue(row, column);
+        if (number.IsNull()) continue;
+        const Ref<Block> block = GetOrCreateBlock(ToLong(number));
+        group.Blocks()->Add(block.get(), ToText(block->Id()));
+        block->AddGroup(group);
+    }
+}
+
+Ref<Block> Channel::GetOrCreateBlock(std::int32_t blockIdx) {
+    Ref<Block> found;
+    mBlocks->ForEach([&](IBase_GuiBlock& block) {
+        auto* own = dynamic_cast<Block*>(&block);
+        if (own && own->Idx() == blockIdx) found = own;
+        return !found;
+    });
+    if (found) return found;
+    found = MakeObject<Block>();
+    const Ref<Recordset> rows = mServices->GetDB()->OpenRecordset(u"Blocks", RecordsetType::dbOpenTable);
+    rows->let_Index(u"PrimaryKey");
+    rows->Seek(u"=", std::array{Variant(blockIdx)});
+    found->Config(this, *rows);
+    mBlocks->Add(found.get(), ToText(found->Id()));
+    rows->Close();
+    return found;
+}
+
+Ref<IBase_GuiParameter> Channel::mainValue() {
+    if (mMainValue || mMainValueText == kInvalid) return mMainValue;
+    if (!LoadGroups()) return nullptr;
+    return mMainValue = FindMainValue();
+}
+
+Ref<IBase_GuiParameter> Channel::FindMainValue() {
+    if (!mServices || !mServices->GetDB()) return nullptr;
+    const Ref<Recordset> types = mServices->GetDB()->OpenRecordset(u"ChannelTypes", RecordsetType::dbOpenTable);
+    types->let_Index(u"PrimaryKey");
+    types->Seek(u"=", std::array{Variant(mChannelType)});
+    mMainValueText = TextOr(FieldValue(*types, u"mainValue"), u"");
+    types->Close();
+
+    const std::vector<std::u16string_view> pieces = SplitCalls(mMainValueText, 3);
+    if (pieces.size() != 3) {
+        if (!mMainValueText.empty() && DebugOutput()) {
+            LogEntry(Dispatch(), u"IBase_GuiChannel_mainValue(" + mMainValueText + u"): ungültiger Wert.");
+        }
+        mMainValueText = kInvalid;
+        return nullptr;
+    }
+    const Text groupId = pieces[1].substr(0, pieces[1].find(u"\")"));
+    const Text parameterId = pieces[2].substr(0, pieces[2].find(u"\")"));
+    try {
+        const Ref<IBase_SpecGroup> group = mGroups->get_Item(groupId);
+        const auto parameters = group ? group->parameters() : nullptr;
+        if (auto gui = facet<IBase_GuiParameter>(parameters ? parameters->get_Item(parameterId) : nullptr)) return gui;
+    } catch (const RuntimeError&) {
+        // Reported like a miss; the next call tries again.
+    }
+    if (DebugOutput()) {
+        LogEntry(Dispatch(), u"IBase_GuiChannel_mainValue(" + mMainValueText + u"): Gruppe " + groupId +
+                                 u" oder Parameter " + parameterId + u" nicht gefunden.");
+    }
+    return nullptr;
+}
+
+Variant Channel::Evaluate(const Text& script, bool silent) {
+    if (!LoadGroups()) return Variant();
+    try {
+        if (mServices->GetModelVersionIndex() < 1) return EvaluateRawScript(script, silent, false);
+        if (!HasScriptPrefix(script) || script.size() <= 2) return script;
+        return EvaluateRawScript(script.view().substr(2), silent, false);
+    } catch (const RuntimeError& error) {
+        if (DebugOutput()) {
+            LogEntry(Dispatch(), u"Evaluate(" + script + u"): ONERROR: Error " + Text::FromInteger(error.number()) +
+                                     u": " + ErrorText(error.number()) + u" (" + error.description() + u")");
+        }
+        return Variant();
+    }
+}
+
+Variant Channel::EvaluateRawScript(const Text& script, bool silent, bool textFallback) {
+    if (!LoadGroups() || !mScriptHost) return Variant();
+    const Ref<ChannelScripting> host = mScriptHost;  // a script may unload the tree under itself
+    return EvaluateOnHost(*host, Dispatch(), mId, script, silent, textFallback);
+}
+
+Variant Channel::EvaluateScript(const Variant& script) {
+    if (script.IsNull()) return Variant();
+    try {
+        return EvaluateRawScript(ToText(script), false, false);
+    } catch (const RuntimeError&) {
+        if (DebugOutput()) {
+            LogEntry(Dispatch(), u"IBase_SpecChannel_EvaluateScript(" + TextForLog(script) +
+                                     u"): Fehler beim Versuch der Ausführung!");
+        }
+        return Variant();
+    }
+}
+
+Variant Channel::ExecuteScript(const Text& script) {
+    if (const Ref<ChannelScripting> host = mScriptHost) host->ExecuteScript(script);
+    return Variant();
+}
+
+void Channel::UpdateDependenciesOf(bool force) {
+    while (!mScriptAccess) {
+        if (ReconfigurationPass(force)) continue;
+        CheckConsistencyAll();
+        return;
+    }
+    // A script of another channel has reached this one, so the whole module is swept.
+    if (const Ref<IBase_SpecModule> module = mModule) module->UpdateDependencies();
+}
+
+bool Channel::ReconfigurationPass(bool force) {
+    bool any = false;
+    ForEachGroup([&](Group& group) { return any = group.ReconfigurationPass(force) || any, true; });
+    return any;
+}
+
+bool Channel::CheckConsistencyAll() {
+    bool all = true;
+    ForEachGroup([&](Group& group) { return all = group.CheckConsistencyAll() && all, true; });
+    return all;
+}
+
+template <class Fold>
+void Channel::ForEachGroup(Fold fold) {
+    const Ref<TypedList<IBase_SpecGroup>> groups = mGroups;
+    if (!groups) return;
+    groups->ForEach([&](IBase_SpecGroup& spec) {
+        auto* group = dynamic_cast<Group*>(&spec);
+        return !group || fold(*group);
+    });
+}
+
+void Channel::Unload() noexcept {
+    if (!mModule) return;
+    mCallbacks.Clear();
+    mMainValue = nullptr;
+    ForEachGroup([](Group& group) { return group.Unload(), true; });
+    if (mGroups) mGroups->Clear();
+    if (mBlocks) {
+        mBlocks->ForEach([](IBase_GuiBlock& block) {
+            if (auto* own = dynamic_cast<Block*>(&block)) own->Unload();
+            return true;
+        });
+        mBlocks->Clear();
+    }
+    mScriptHost = nullptr;
+    mServices = nullptr;
+    mModule = nullptr;
+    if (mDesc) mDesc->Clear();
+    mMainValueText = Text();
+}
+
+}  // namespace ov

@@ -1,0 +1,139 @@
+/// @file
+/// The node between a module and its groups.
+#pragma once
+
+#include "contract/block.h"
+#include "contract/callbacks.h"
+#include "contract/channel.h"
+#include "contract/parameter.h"
+#include "contract/records.h"
+#include "descriptor/module_services.h"
+#include "platform/automation/callback_list.h"
+#include "scripting/script_host.h"
+#include "scripting/scripted_tree.h"
+#include "tree/typed_collection.h"
+
+namespace ov {
+
+/// `module` and `groups` have one name and several types in the channel's faces; these facets part them.
+class GuiChannelFacet : public Facet<IBase_GuiChannel> {
+public:
+    Ref<IBase_GuiModule> module() final { return facet<IBase_GuiModule>(OwnModule()); }
+
+protected:
+    virtual const Ref<IBase_SpecModule>& OwnModule() = 0;
+};
+class SpecChannelFacet : public Facet<IBase_SpecChannel> {
+public:
+    Ref<IBase_SpecModule> module() final { return OwnModule(); }
+    Ref<CBase_SpecGroupCollection> groups() final { return SpecGroups(); }
+
+protected:
+    virtual const Ref<IBase_SpecModule>& OwnModule() = 0;
+    virtual Ref<CBase_SpecGroupCollection> SpecGroups() = 0;
+};
+class ScriptingChannelFacet : public Facet<IBase_ScriptingChannel> {
+public:
+    Ref<CBase_ScriptingGroups> groups() final { return ScriptGroups(); }
+
+protected:
+    virtual Ref<CBase_ScriptingGroups> ScriptGroups() = 0;
+};
+
+/// CBase_Channel. Its groups and blocks are loaded at the first operation that needs them; a failed load leaves what
+/// was built, and the next one counts it as loaded. Holds its module, and is held by it: only Unload ends that ring.
+class Channel final : public Object<Channel, Facet<CBase_Channel>, SpecChannelFacet, Facet<IBase_CallbackParameter>,
+                                    GuiChannelFacet, ScriptingChannelFacet, Facet<ScriptedChannel>> {
+public:
+    static constexpr const char* kClassName = "CBase_Channel";
+
+    Channel() = default;
+    void OnFinalRelease() noexcept { Unload(); }
+
+    // What module and groups use.
+    /// Takes the current row of @p desc. @throws RuntimeError for a row that cannot be read
+    void Config(IBase_SpecModule* module, const tBaseDescriptorDB& desc);
+    bool LoadGroups();
+    /// The value of a text that may be a script, by the generation of the descriptor; Empty for one that fails.
+    Variant Evaluate(const Text& script, bool silent);
+    /// The value of a script without prefix; with @p textFallback a text that gives nothing stands for itself.
+    Variant EvaluateRawScript(const Text& script, bool silent, bool textFallback);
+    const Variant& Id() const noexcept { return mId; }
+    ModuleServices* Services() noexcept { return mServices.get(); }
+    void UpdateDependenciesOf(bool force);
+    /// One pass over all loaded groups. @returns true if a parameter that scripts have read was reconfigured
+    bool ReconfigurationPass(bool force);
+    bool CheckConsistencyAll();
+    /// Tears down groups and blocks and lets the module go; harmless the second time.
+    void Unload() noexcept;
+
+    // CBase_Channel
+    Variant ExecuteScript(const Text& script) override;
+
+    // IBase_GuiChannel
+    Text name() override;
+    bool consistent(std::optional<eParameterKind> kind) override;
+    bool modified(std::optional<eParameterKind> kind) override;
+    void ClearModified(std::optional<eParameterKind> kind) override;
+    bool unknown(std::optional<eParameterKind> kind) override;
+    void SetUnknown(std::optional<eParameterKind> kind) override;
+    void LockDataset(std::optional<eParameterKind> kind) override;
+    void UnlockDataset(std::optional<eParameterKind> kind) override;
+    Variant id() override { return mId; }
+    Ref<IBase_GuiParameter> mainValue() override;
+    Ref<CBase_GuiBlockCollection> blocks() override;
+    void RegisterCallback(IDispatch* cb) override;
+    void UnregisterCallback(IDispatch* cb) override { mCallbacks.Remove(cb); }
+    Ref<IBase_SpecChannel> Spec() override { return this; }
+    Text EditPlugin(Text* args) override;
+    void ClearUnknown(std::optional<eParameterKind> kind) override;
+    void ResetValue(std::optional<eParameterKind> kind) override;
+
+    // IBase_SpecChannel
+    Ref<IDispatch> desc() override { return mDesc ? mDesc->Dispatch() : nullptr; }
+    Ref<IBase_GuiChannel> Gui() override { return this; }
+    Ref<IBase_SpecChannel> Clone() override { return nullptr; }  // a module is cloned as a whole
+    bool Compare(IBase_SpecChannel* other, std::optional<eParameterKind> kind) override;
+    Variant EvaluateScript(const Variant& script) override;
+    bool scriptAccess() override { return mScriptAccess; }
+    void CheckConsistency() override { CheckConsistencyAll(); }
+    void UpdateDependencies() override { UpdateDependenciesOf(true); }
+
+    // IBase_CallbackParameter
+    void OnParameterReconfigured(IBase_GuiParameter* p) override;
+    void OnParameterStateChanged(IBase_GuiParameter* p) override;
+    void OnParameterValueChanged(IBase_GuiParameter* p) override;
+    void OnParameterConfigStateChanged(IBase_GuiParameter* p) override;
+
+    // ScriptedChannel
+    void MarkScriptAccess() override { mScriptAccess = true; }
+
+private:
+    const Ref<IBase_SpecModule>& OwnModule() override { return mModule; }
+    Ref<CBase_SpecGroupCollection> SpecGroups() override;
+    Ref<CBase_ScriptingGroups> ScriptGroups() override;
+    void ReadGroups();
+    void PlaceInBlocks(class Group& group, Recordset& row);
+    Ref<class Block> GetOrCreateBlock(std::int32_t blockIdx);
+    Ref<IBase_GuiParameter> FindMainValue();
+    template <class Event>
+    void PassOn(Event event);
+    template <class Fold>
+    void ForEachGroup(Fold fold);
+
+    Ref<IBase_SpecModule> mModule;
+    Ref<ModuleServices> mServices;
+    Variant mId;
+    std::int32_t mNameId = 0;
+    Ref<ChannelScripting> mScriptHost = MakeObject<ChannelScripting>();
+    std::int32_t mChannelType = 0;
+    Ref<Collection> mDesc;
+    Ref<TypedList<IBase_GuiBlock>> mBlocks;   // Nothing until the groups are loaded
+    Ref<TypedList<IBase_SpecGroup>> mGroups;  // Nothing until then: the one test for it
+    CallbackList<IBase_CallbackParameter> mCallbacks;
+    bool mScriptAccess = false;
+    Ref<IBase_GuiParameter> mMainValue;
+    Text mMainValueText;
+};
+
+}  // namespace ov

@@ -1,0 +1,202 @@
+/// @file
+/// The holder of the parameters of one group.
+#pragma once
+
+#include "contract/block.h"
+#include "contract/callbacks.h"
+#include "contract/channel.h"
+#include "contract/group.h"
+#include "contract/internal.h"
+#include "contract/parameter.h"
+#include "contract/records.h"
+#include "parameters/parameter_owner.h"
+#include "platform/automation/callback_list.h"
+#include "scripting/script_host.h"
+#include "scripting/scripted_tree.h"
+#include "tree/typed_collection.h"
+
+namespace ov {
+
+class Channel;
+
+/// `channel` and `parameters` have one name and several types in the group's faces; these facets part them.
+class GuiGroupFacet : public Facet<IBase_GuiGroup> {
+public:
+    Ref<IBase_GuiChannel> channel() final { return facet<IBase_GuiChannel>(OwnChannel()); }
+    Ref<CBase_GuiParameterCollection> parameters() final { return GuiParameters(); }
+
+protected:
+    virtual Ref<IBase_SpecChannel> OwnChannel() = 0;
+    virtual Ref<CBase_GuiParameterCollection> GuiParameters() = 0;
+};
+class SpecGroupFacet : public Facet<IBase_SpecGroup> {
+public:
+    Ref<IBase_SpecChannel> channel() final { return OwnChannel(); }
+    Ref<CBase_SpecParameterCollection> parameters() final { return SpecParameters(); }
+
+protected:
+    virtual Ref<IBase_SpecChannel> OwnChannel() = 0;
+    virtual Ref<CBase_SpecParameterCollection> SpecParameters() = 0;
+};
+class ScriptingGroupFacet : public Facet<IBase_ScriptingGroup> {
+public:
+    Ref<CBase_ScriptingParameters> parameters() final { return ScriptParameters(); }
+
+protected:
+    virtual Ref<CBase_ScriptingParameters> ScriptParameters() = 0;
+};
+/// `ExecuteScript` and `UpdateDependencies` are asked for by hosts, scripts and parameters in different forms.
+class DefaultGroupFacet : public Facet<CBase_Group> {
+public:
+    Variant ExecuteScript(const Text& script) final {
+        RunStatement(script);
+        return Variant();
+    }
+
+protected:
+    virtual void RunStatement(const Text& statement) = 0;
+};
+class ScriptedGroupFacet : public Facet<ScriptedGroup> {
+public:
+    void UpdateDependencies() final { UpdateDependenciesOf(true); }
+
+protected:
+    virtual void UpdateDependenciesOf(bool force) = 0;
+};
+class ParameterOwnerFacet : public Facet<ParameterOwner> {
+public:
+    void UpdateDependencies(bool force) final { UpdateDependenciesOf(force); }
+    void ExecuteScript(const Text& statement) final { RunStatement(statement); }
+
+protected:
+    virtual void UpdateDependenciesOf(bool force) = 0;
+    virtual void RunStatement(const Text& statement) = 0;
+};
+
+/// CBase_Group. Its parameters are loaded at the first operation that needs them; a failed load leaves what was built,
+/// and the next one counts it as loaded. Holds its channel, and is held by it: only Unload ends that ring.
+class Group final
+    : public Object<Group, DefaultGroupFacet, GuiGroupFacet, SpecGroupFacet, Facet<IBase_CallbackParameter>,
+                    ScriptingGroupFacet, ScriptedGroupFacet, ParameterOwnerFacet> {
+public:
+    static constexpr const char* kClassName = "CBase_Group";
+
+    Group() = default;
+    void OnFinalRelease() noexcept { Unload(); }
+
+    // What channel and blocks use.
+    /// Takes the current row of @p desc. @throws RuntimeError for a row that cannot be read
+    void Config(Channel* channel, const tBaseDescriptorDB& desc);
+    bool LoadParameters();
+    const Ref<TypedList<IBase_GuiBlock>>& Blocks() const noexcept { return mBlocks; }
+    const Variant& Id() const noexcept { return mId; }
+    /// The descriptor row. @pre configured
+    Collection& Row() noexcept { return *mDesc; }
+    /// One pass over the rules of all parameters. @returns true if one that scripts have read was reconfigured
+    bool ReconfigurationPass(bool force);
+    bool CheckConsistencyAll();
+    void Unload() noexcept;
+
+    // IBase_GuiGroup
+    Text name() override;
+    bool consistent(std::optional<eParameterKind> kind) override;
+    bool modified(std::optional<eParameterKind> kind) override;
+    void ClearModified(std::optional<eParameterKind> kind) override;
+    bool unknown(std::optional<eParameterKind> kind) override;
+    void SetUnknown(std::optional<eParameterKind> kind) override;
+    void LockDataset(std::optional<eParameterKind> kind) override;
+    void UnlockDataset(std::optional<eParameterKind> kind) override;
+    Variant id() override { return mId; }
+    bool expertOnly() override;
+    Ref<CBase_GuiBlockCollection> blocks() override { return mBlocks; }
+    void RegisterCallback(IDispatch* cb) override;
+    void UnregisterCallback(IDispatch* cb) override { mCallbacks.Remove(cb); }
+    Ref<IBase_SpecGroup> Spec() override { return this; }
+    Text EditPlugin(Text* args) override;
+    void ClearUnknown(std::optional<eParameterKind> kind) override;
+    void ResetValue(std::optional<eParameterKind> kind) override;
+
+    // IBase_SpecGroup
+    Ref<IDispatch> desc() override { return mDesc ? mDesc->Dispatch() : nullptr; }
+    Ref<IBase_GuiGroup> Gui() override { return this; }
+    Ref<IBase_SpecGroup> Clone() override { return nullptr; }  // a module is cloned as a whole
+    bool Compare(IBase_SpecGroup* other, std::optional<eParameterKind> kind) override;
+    Variant EvaluateScript(const Variant& script) override;
+    bool scriptAccess() override { return mScriptAccess; }
+
+    // IBase_CallbackParameter
+    void OnParameterReconfigured(IBase_GuiParameter* p) override;
+    void OnParameterStateChanged(IBase_GuiParameter* p) override;
+    void OnParameterValueChanged(IBase_GuiParameter* p) override;
+    void OnParameterConfigStateChanged(IBase_GuiParameter* p) override;
+
+    // ScriptedGroup
+    void MarkScriptAccess() override { mScriptAccess = true; }
+    Ref<Collection> GroupScripts() override;
+    Ref<Collection> ScriptResultCache() override;
+    Variant EvaluateByModelVersion(const Text& text) override;
+    Variant EvaluatePickedText(const Text& text) override;
+
+    // ParameterOwner
+    Ref<ModuleServices> Module() override;
+    Variant GetParameterDescAsScript(const Text& fieldname, Collection& data, const Variant& id, VarType type) override;
+    std::int32_t GetLongFromScript(const Text& text, const Variant& id) override;
+    bool GetBoolFromScript(const Text& text, const Variant& id) override;
+    Variant GetDecimalFromScript(const Text& text, const Variant& id) override;
+    float GetSingleFromScript(const Text& text, const Variant& id) override;
+    double GetDoubleFromScript(const Text& text, const Variant& id) override;
+    void GetStringValueFromScript(Text& text, const Variant& id) override;
+    Text GetStringFromScript(const Text& text, const Variant& id) override;
+    double GetDoubleFromVariantOrScript(const Variant& value, double fallback, const Variant& id) override;
+    bool GetBoolFromVariantOrScript(const Variant& value, bool fallback, const Variant& id) override;
+    void ForgetStaticScript(Text& text, const Text& replacement) override;
+    Variant EvaluateRawScript(const Text& text, bool silent, bool textFallback) override;
+    Variant EvaluateScriptOrLiteral(const Text& text, bool silent) override;
+
+private:
+    Ref<IBase_SpecChannel> OwnChannel() override;
+    Ref<CBase_GuiParameterCollection> GuiParameters() override;
+    Ref<CBase_SpecParameterCollection> SpecParameters() override;
+    Ref<CBase_ScriptingParameters> ScriptParameters() override;
+    void UpdateDependenciesOf(bool force) override;
+    void RunStatement(const Text& statement) override;
+
+    ModuleServices* Services() const noexcept;
+    /// True if prefixes tell what is a script; else the shape of a text does.
+    bool HasPrefixes() const;
+
+    void ReadParameters();
+    bool IsWanted(Recordset& row, const std::optional<std::u16string_view>& filter);
+    Ref<IBase_Internal> CreateParameter(const tBaseDescriptorDB& descriptor);
+    void AddAlternative(IBase_Internal& parameter, Recordset& row);
+    void LoadScripts();
+
+    bool FindActiveDependency(CBase_ParamDependency& dependency, bool checkCurrent);
+    bool SettleValid(IBase_Internal& parameter);
+    void SettleInvalid(IBase_Internal& parameter, bool& any);
+    void Reconfigure(IBase_Internal& parameter, bool& any);
+    template <class Read>
+    auto GuardedRead(const char16_t* reader, const Text& text, const Variant& id, Read read) -> decltype(read());
+    template <class Number>
+    Number FloatFromScript(const Text& text, Number (*convert)(const Variant&));
+    template <class Event>
+    void PassOn(Event event);
+    template <class Fold>
+    void ForEachOfKind(std::optional<eParameterKind> kind, Fold fold);
+
+    Ref<TypedList<IBase_GuiBlock>> mBlocks = MakeObject<TypedList<IBase_GuiBlock>>();
+    Ref<Channel> mChannel;
+    Ref<GroupScripting> mScriptHost = MakeObject<GroupScripting>();
+    Ref<TypedList<IBase_GuiParameter>> mGuiParameters;  // Nothing until loaded; a view of the same list
+    Ref<TypedList<IBase_SpecParameter>> mParameters;    // Nothing until loaded: the one test for it
+    CallbackList<IBase_CallbackParameter> mCallbacks;
+    Variant mId;
+    std::int32_t mGroupType = 0;
+    std::int32_t mNameId = 0;
+    Ref<Collection> mDesc;
+    bool mScriptAccess = false;
+    Ref<Collection> mScripts;        // Nothing until first needed
+    Ref<Collection> mScriptResults;  // dropped at the start and the end of every pass
+};
+
+}  // namespace ov

@@ -1,38 +1,22 @@
 // The tool as its users meet it: on the sample descriptor, and with wrong arguments.
 #include <gmock/gmock.h>
-#include <stdio.h>
-#include <sys/wait.h>
 
 #include <filesystem>
 #include <fstream>
 #include <string>
 
 #include "support/temporary_folder.h"
+#include "support/tool.h"
 
 namespace ov {
 namespace {
 
 using ::testing::HasSubstr;
 using ::testing::MatchesRegex;
+using testing::Outcome;
+using testing::RunTool;
 using ::testing::StartsWith;
 using testing::TemporaryFolder;
-
-struct Outcome {
-    int status = -1;
-    std::string text;  // standard output and standard error
-};
-
-Outcome RunTool(const std::string& arguments) {
-    Outcome outcome;
-    FILE* pipe = popen((std::string(OV_MODEL_TOOL) + " " + arguments + " 2>&1").c_str(), "r");
-    if (!pipe) return outcome;
-    char buffer[4096];
-    for (std::size_t read = 0; (read = fread(buffer, 1, sizeof buffer, pipe)) > 0;) {
-        outcome.text.append(buffer, read);
-    }
-    outcome.status = WEXITSTATUS(pclose(pipe));
-    return outcome;
-}
 
 class Tool : public ::testing::Test {
 protected:

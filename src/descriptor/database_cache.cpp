@@ -16,8 +16,6 @@ namespace ov {
 
 namespace {
 
-// The store's files carry no password; the engine that descriptors were first written for expects this one.
-constexpr const char16_t* kConnect = u";PWD=9kelp";
 constexpr const char16_t* kShellFolders = u"SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Explorer\\Shell Folders";
 
 struct Caches {
@@ -74,7 +72,7 @@ Ref<Database> DatabaseCache(const Text& path) {
     if (!caches.workspace) caches.workspace = DefaultStoreEngine().CreateWorkspace(u"OV_Model", u"Admin", u"");
     if (const auto open = caches.databases.find(path); open != caches.databases.end()) return open->second;
     try {
-        Ref<Database> opened = OpenDatabaseFile2(caches.workspace.get(), path, false, true, kConnect);
+        Ref<Database> opened = OpenDatabaseFile2(caches.workspace.get(), path, false, true, kDescriptorConnect);
         caches.databases.emplace(path, opened);
         return opened;
     } catch (const RuntimeError&) {

@@ -13,6 +13,9 @@
 
 namespace ov {
 
+/// How descriptors are opened: with the password that their Jet files have. SQLite files have none.
+constexpr const char16_t* kDescriptorConnect = u";PWD=9kelp";
+
 /// The shared open database of @p path, or Nothing if it cannot be opened, which is logged; the next call tries again.
 /// Paths that differ in case only are one; a relative and an absolute form of one path are two.
 Ref<Database> DatabaseCache(const Text& path);

@@ -30,6 +30,10 @@ public:
     virtual std::int32_t GetLanguage() = 0;
     /// Generation of the descriptor: below 1 the shape of a text tells what is a script, from 1 on prefixes do.
     virtual std::int32_t GetModelVersionIndex() = 0;
+    /// The number of the module's type, which statements know as "$module".
+    virtual std::int32_t GetModuleTypeIdx() = 0;
+    /// The path of the database; files that the descriptor names lie beside it.
+    virtual Text GetSourcePath() = 0;
     /// The open database; Nothing for a module that was unloaded.
     virtual Ref<Database> GetDB() = 0;
     virtual Ref<CBase_Environment> Environment() = 0;

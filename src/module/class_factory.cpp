@@ -8,7 +8,14 @@
 #include "module/module.h"
 #include "module/unload_pointer.h"
 #include "parameters/param_dependency.h"
+#include "parameters/parameter_decimal.h"
+#include "parameters/parameter_float.h"
+#include "parameters/parameter_enum.h"
+#include "parameters/parameter_enum_s.h"
+#include "parameters/parameter_env_string.h"
 #include "parameters/parameter_int.h"
+#include "parameters/parameter_select.h"
+#include "parameters/parameter_string.h"
 #include "tree/block.h"
 #include "tree/channel.h"
 #include "tree/group.h"
@@ -36,6 +43,13 @@ constexpr std::array kMakers = {
     MakerOf<Group>(),
     MakerOf<Block>(),
     MakerOf<ParameterInt>(),
+    MakerOf<ParameterEnum>(),
+    MakerOf<ParameterSelect>(),
+    MakerOf<ParameterEnumS>(),
+    MakerOf<ParameterString>(),
+    MakerOf<ParameterENVString>(),
+    MakerOf<ParameterFloat>(),
+    MakerOf<ParameterDecimal>(),
     MakerOf<ParamDependency>(),
     MakerOf<ChannelScripting>(),
     MakerOf<GroupScripting>(),

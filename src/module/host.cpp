@@ -2,9 +2,19 @@
 
 #include "descriptor/database_cache.h"
 #include "platform/automation/errors.h"
+#include "platform/store/jet/conversion.h"
+#include "platform/store/jet/file_opening.h"
 #include "support/diagnostics.h"
 
 namespace ov {
+
+namespace {
+
+Text PasswordFor(const std::optional<Text>& given) {
+    return given ? *given : jet::PasswordOf(kDescriptorConnect);
+}
+
+}  // namespace
 
 void SwitchDebugOutputOn() {
     InitDebug(DebugMode::OutputOnly);
@@ -14,11 +24,19 @@ Text ReasonOfFailedOpen(const Text& path) {
     if (DatabaseCache(path)) return Text();
     try {
         const Ref<Workspace> workspace = DefaultStoreEngine().CreateWorkspace(u"OV_Model", u"Admin", u"");
-        OpenDatabaseFile2(workspace.get(), path, false, true, u"");
+        OpenDatabaseFile2(workspace.get(), path, false, true, kDescriptorConnect);
         return Text();
     } catch (const RuntimeError& error) {
         return error.description();
     }
+}
+
+std::vector<TableFacts> TablesOf(const Text& path, const std::optional<Text>& password) {
+    return DescribeTables(path, PasswordFor(password));
+}
+
+jet::ImportReport ConvertToSqlite(const Text& source, const std::optional<Text>& password, const std::string& target) {
+    return jet::Convert(source, PasswordFor(password), target);
 }
 
 }  // namespace ov

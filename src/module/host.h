@@ -2,7 +2,13 @@
 /// What a program of this project that hosts the library needs besides the contract.
 #pragma once
 
+#include <optional>
+#include <string>
+#include <vector>
+
 #include "platform/automation/text.h"
+#include "platform/store/jet/import_report.h"
+#include "platform/store/table_facts.h"
 
 namespace ov {
 
@@ -12,5 +18,14 @@ void SwitchDebugOutputOn();
 /// The store's words for why @p path cannot be opened, or "" if it can. Opens the file by the rule of the module's own
 /// opening, so that a later Load meets it open.
 Text ReasonOfFailedOpen(const Text& path);
+
+/// The tables of a database file of any kind.
+/// @param password of a Jet file; without one it is the descriptors'
+/// @throws RuntimeError with the reason why the file cannot be read
+std::vector<TableFacts> TablesOf(const Text& path, const std::optional<Text>& password);
+
+/// Writes the tables of the Jet file @p source to the new SQLite file @p target. What cannot be read is left out and
+/// reported. @param password as above @throws RuntimeError with the reason why nothing can be converted
+jet::ImportReport ConvertToSqlite(const Text& source, const std::optional<Text>& password, const std::string& target);
 
 }  // namespace ov

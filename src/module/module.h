@@ -121,6 +121,7 @@ public:
     // ModuleServices
     Text GetTranslatedText(std::int32_t index) override;
     Text GetTranslatedFile(std::int32_t index) override;
+    std::int32_t GetModuleTypeIdx() override { return mModuleTypeIdx; }
     Ref<Database> GetDB() override { return mDB; }
     std::shared_ptr<CEnumCacheItem> EnumCacheGet(const Text& key) override { return mEnumCache.Get(key); }
     void EnumCacheSet(const Text& key, const std::shared_ptr<CEnumCacheItem>& item) override;

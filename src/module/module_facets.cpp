@@ -124,8 +124,10 @@ Ref<IBase_GuiParameter> Module::mainValue() {
     if (ids.size() != 3) return nullptr;
     try {
         const auto channel = mSpecChannels->get_Item(ids[0]);
-        const auto group = channel ? channel->groups()->get_Item(ids[1]) : nullptr;
-        const auto parameter = group ? group->parameters()->get_Item(ids[2]) : nullptr;
+        const auto groups = channel ? channel->groups() : nullptr;  // Nothing where they cannot be loaded
+        const auto group = groups ? groups->get_Item(ids[1]) : nullptr;
+        const auto parameters = group ? group->parameters() : nullptr;
+        const auto parameter = parameters ? parameters->get_Item(ids[2]) : nullptr;
         mMainValue = facet<IBase_GuiParameter>(parameter);
     } catch (const RuntimeError&) {
         // A miss is asked again next time.

@@ -77,5 +77,7 @@ T ParseMinutes(const Text& text) {
 
 template std::int32_t ParseSeconds(const Text&);
 template std::int32_t ParseMinutes(const Text&);
+template Decimal ParseSeconds(const Text&);
+template Decimal ParseMinutes(const Text&);
 
 }  // namespace ov

@@ -22,5 +22,7 @@ T ParseMinutes(const Text& text);
 
 extern template std::int32_t ParseSeconds(const Text&);
 extern template std::int32_t ParseMinutes(const Text&);
+extern template Decimal ParseSeconds(const Text&);
+extern template Decimal ParseMinutes(const Text&);
 
 }  // namespace ov

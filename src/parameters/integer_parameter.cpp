@@ -13,6 +13,13 @@
 
 namespace ov {
 
+namespace {
+
+constexpr double kDaysTo1970 = 25569;  // from day 0 of a Date
+constexpr double kSecondsOfDay = 86400;
+
+}  // namespace
+
 template <class T>
 struct IntegerParameter<T>::Forms {
     using P = IntegerParameter;
@@ -24,6 +31,7 @@ struct IntegerParameter<T>::Forms {
     static constexpr Form kTechExpo{&P::ParseTechExpo, &P::ShowTechExpo};
     static constexpr Form kScientific{&P::ParseScientific, &P::ShowScientific};
     static constexpr Form kVersion{&P::ParseVersion, &P::ShowVersion};
+    static constexpr Form kUnixTime{&P::ParseUnixTime, &P::ShowUnixTime};
 };
 
 template <class T>
@@ -83,6 +91,8 @@ const typename IntegerParameter<T>::Form* IntegerParameter<T>::FormOf(DisplayKin
             return &Forms::kScientific;
         case DisplayKind::Version:
             return &Forms::kVersion;
+        case DisplayKind::UnixTime:
+            return &Forms::kUnixTime;
         default:
             return &Forms::kPicture;
     }
@@ -103,10 +113,9 @@ Text IntegerParameter<T>::ShowPicture(const T& value, Purpose purpose) {
     Text shown = mPicture.Apply(value);
     if (ValueType<T>::From(shown) == value) return shown;  // what does not read at all is the caller's affair
     if (DebugOutput()) {
-        this->Log(u"Id '" + TextForLog(this->mId) +
-                  (purpose == Purpose::Format ? u"': IBase_GuiParameter_FormatValue(): Format "
-                                              : u"': IBase_GuiParameter_value(): Format ") +
-                  this->CellText(u"displayFormat") + u"konnte nicht rückkonvertiert werden!");
+        this->Log(u"Id '" + TextForLog(this->mId) + u"': " +
+                  (purpose == Purpose::Format ? IntegerType<T>::kFormatOperation : u"IBase_GuiParameter_value()") +
+                  u": Format " + this->CellText(u"displayFormat") + u"konnte nicht rückkonvertiert werden!");
     }
     return ToText(value);
 }
@@ -209,6 +218,21 @@ Text IntegerParameter<T>::ShowVersion(const T& value, Purpose) {
     return Number2Version(ToDouble(value), mDisplayDigits);
 }
 
+// Seconds since 1970, in no time zone.
+template <class T>
+T IntegerParameter<T>::ParseUnixTime(const Text& text, Purpose) {
+    const std::optional<Date> date = ReadDate(text);
+    if (!date) return T{};  // what is no date is 0, and no fault
+    return ToLong((date->days - kDaysTo1970) * kSecondsOfDay);
+}
+
+template <class T>
+Text IntegerParameter<T>::ShowUnixTime(const T& value, Purpose) {
+    static const Picture kPicture(u"yyyy-mm-dd hh:mm:ss");
+    return kPicture.Apply(ToDate(kDaysTo1970 + ToDouble(value) / kSecondsOfDay));
+}
+
 template class IntegerParameter<std::int32_t>;
+template class IntegerParameter<Decimal>;
 
 }  // namespace ov

@@ -52,6 +52,8 @@ private:
     Text ShowScientific(const T& value, Purpose purpose);
     T ParseVersion(const Text& text, Purpose purpose);
     Text ShowVersion(const T& value, Purpose purpose);
+    T ParseUnixTime(const Text& text, Purpose purpose);
+    Text ShowUnixTime(const T& value, Purpose purpose);
 
     bool IsItsPattern() const;  // the number has the same bits as its field
     void LogNoHex(Purpose purpose);
@@ -62,5 +64,6 @@ private:
 };
 
 extern template class IntegerParameter<std::int32_t>;
+extern template class IntegerParameter<Decimal>;
 
 }  // namespace ov

@@ -29,4 +29,23 @@ std::int32_t IntegerType<std::int32_t>::ToPattern(std::int32_t number, std::int3
     return Signed2UnsignedL(number, width);
 }
 
+Decimal IntegerType<Decimal>::PatternOf(const Text& digits) {
+    return Hex2Dec(digits, eByteOrder::eBigEndian);
+}
+
+Text IntegerType<Decimal>::DigitsOf(const Decimal& pattern) {
+    constexpr std::int32_t kAllDigits = 16;
+    const Text digits = Dec2Hex(pattern, eByteOrder::eBigEndian, kAllDigits);
+    const std::size_t first = std::min(digits.view().find_first_not_of(u'0'), digits.size() - 1);
+    return digits.view().substr(first);
+}
+
+Decimal IntegerType<Decimal>::ToSigned(const Decimal& pattern, std::int32_t width) {
+    return Unsigned2Signed(pattern, width);
+}
+
+Decimal IntegerType<Decimal>::ToPattern(const Decimal& number, std::int32_t width) {
+    return Signed2Unsigned(number, width);
+}
+
 }  // namespace ov

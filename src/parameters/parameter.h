@@ -168,7 +168,10 @@ protected:
     /// Unit texts follow the module's language at their next read.
     virtual void RefreshUnitForLanguage();
 
-    bool Transfer(DeviceImage /*image*/, const ImagePlace& /*place*/) override { return false; }
+    bool Transfer(DeviceImage image, const ImagePlace& place) override;
+    /// Moves the value to or from a device image. What it raises is a failed transfer, which an import leaves a log
+    /// line of.
+    virtual bool MoveValue(const DeviceImage& /*image*/, const ImagePlace& /*place*/) { return false; }
     Text ShownValue() override;
     Ref<IBase_GuiGroup> GuiGroup() override { return facet<IBase_GuiGroup>(mGroup); }
     Ref<IBase_SpecGroup> SpecGroup() override { return facet<IBase_SpecGroup>(mGroup); }

@@ -3,8 +3,8 @@
 #include <cstdint>
 
 #include "contract/module.h"
+#include "parameters/memory_map.h"
 #include "parameters/parameter.h"
-
 #include "platform/automation/conversions.h"
 #include "support/diagnostics.h"
 
@@ -32,6 +32,18 @@ Text Parameter::ShownValue() {
             return ErrorText(static_cast<std::int32_t>(ErrorNumber::Overflow));
         default:
             return DisplayedValue();
+    }
+}
+
+bool Parameter::Transfer(DeviceImage image, const ImagePlace& place) {
+    const Ref<IBase_GuiParameter> alive = KeptAlive();
+    try {
+        return MoveValue(image, place);
+    } catch (const RuntimeError& failure) {
+        if (IsImport(image) && DebugOutput()) {
+            LogWithId(OperationName(image) + (u"(): ERROR: Aktion nicht möglich (" + failure.description()) + u")");
+        }
+        return false;
     }
 }
 

@@ -5,7 +5,13 @@
 #include <string_view>
 
 #include "parameters/integer_type.h"
+#include "parameters/parameter_decimal.h"
+#include "parameters/parameter_enum.h"
+#include "parameters/parameter_enum_s.h"
+#include "parameters/parameter_env_string.h"
+#include "parameters/parameter_float.h"
 #include "parameters/parameter_int.h"
+#include "parameters/parameter_string.h"
 #include "parameters/subtype.h"
 #include "platform/automation/conversions.h"
 
@@ -25,7 +31,9 @@ Ref<IBase_Internal> MakeInteger(const Variant& subtype) {
     constexpr double kWidestUnsigned = 31, kWidestSigned = 32;
     const Text fallback(IntegerType<std::int32_t>::kDefaultSubtype);
     const Subtype type = ReadSubtype(ToText(NullToDefault(subtype, fallback)), u"us");
-    if (type.width > (type.letter == u'u' ? kWidestUnsigned : kWidestSigned)) return nullptr;
+    if (type.width > (type.letter == u'u' ? kWidestUnsigned : kWidestSigned)) {
+        return MakeObject<ParameterDecimal>();
+    }
     return MakeObject<ParameterInt>();
 }
 
@@ -37,6 +45,14 @@ struct TypeWord {
 constexpr std::array kTypeWords = {
     TypeWord{u"INT", &MakeInteger},
     TypeWord{u"HEX", &Make<ParameterInt>},
+    TypeWord{u"FLOAT", &Make<ParameterFloat>},
+    TypeWord{u"ENUM", &Make<ParameterEnum>},
+    TypeWord{u"SELECT", &Make<ParameterEnum>},
+    TypeWord{u"ACTION", &Make<ParameterEnum>},
+    TypeWord{u"ENUMSTR", &Make<ParameterEnumS>},
+    TypeWord{u"SELECTSTR", &Make<ParameterEnumS>},
+    TypeWord{u"STRING", &Make<ParameterString>},
+    TypeWord{u"ENVIROMENT", &Make<ParameterENVString>},
 };
 
 }  // namespace

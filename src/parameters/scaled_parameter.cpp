@@ -152,5 +152,7 @@ void ScaledParameter<T>::let_realvalueForStorage(const Text& value) {
 }
 
 template class ScaledParameter<std::int32_t>;
+template class ScaledParameter<double>;
+template class ScaledParameter<Decimal>;
 
 }  // namespace ov

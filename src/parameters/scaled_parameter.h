@@ -37,6 +37,8 @@ protected:
     virtual void AfterRescale() {}
 
     bool IsUnscaled() const noexcept { return mScale == Scale{}; }
+    double Gain() const noexcept { return mScale.gain; }
+    double Offset() const noexcept { return mScale.offset; }
     /// @p realValue in the display view, not yet rounded. @throws RuntimeError for what is no number
     Variant Scaled(const Variant& realValue) const;
 
@@ -58,5 +60,7 @@ private:
 };
 
 extern template class ScaledParameter<std::int32_t>;
+extern template class ScaledParameter<double>;
+extern template class ScaledParameter<Decimal>;
 
 }  // namespace ov

@@ -13,11 +13,15 @@ Subtype ReadSubtype(std::u16string_view text, std::u16string_view letters) {
     return subtype;
 }
 
-bool HoldsWord(std::u16string_view text, std::u16string_view word) noexcept {
-    for (; text.size() >= word.size(); text.remove_prefix(1)) {
-        if (EqualNoCase(text.substr(0, word.size()), word)) return true;
+std::size_t FindWord(std::u16string_view text, std::u16string_view word) noexcept {
+    for (std::size_t at = 0; at + word.size() <= text.size(); ++at) {
+        if (EqualNoCase(text.substr(at, word.size()), word)) return at;
     }
-    return false;
+    return std::u16string_view::npos;
+}
+
+bool HoldsWord(std::u16string_view text, std::u16string_view word) noexcept {
+    return FindWord(text, word) != std::u16string_view::npos;
 }
 
 }  // namespace ov

@@ -23,7 +23,7 @@ bool TypedParameter<T>::consistent(const std::optional<Text>& sValue) {
     } catch (const RuntimeError&) {
         return false;
     }
-    return IsInRange(candidate) && EvaluateConsistency(candidate);
+    return IsInRange(candidate) && EvaluateConsistency(candidate) && IsWellFormed(candidate);
 }
 
 template <class T>
@@ -177,5 +177,8 @@ Text TypedParameter<T>::FormatValue(const Variant& val, std::optional<bool> asRe
 }
 
 template class TypedParameter<std::int32_t>;
+template class TypedParameter<Text>;
+template class TypedParameter<double>;
+template class TypedParameter<Decimal>;
 
 }  // namespace ov

@@ -41,6 +41,8 @@ protected:
     virtual T Accepted(const T& value) { return value; }
     virtual bool IsSameValue(const T& a, const T& b) { return a == b; }
     virtual bool IsInRange(const T& value) = 0;
+    /// What `consistent` tests behind the rule.
+    virtual bool IsWellFormed(const T& /*value*/) { return true; }
     /// What the descriptor's default is to this class. @throws RuntimeError for one of the wrong form
     virtual Content ContentOfDefault(const Variant& value) { return {ValueType<T>::From(value)}; }
     virtual T DefaultFromLimits() = 0;
@@ -80,5 +82,8 @@ private:
 };
 
 extern template class TypedParameter<std::int32_t>;
+extern template class TypedParameter<Text>;
+extern template class TypedParameter<double>;
+extern template class TypedParameter<Decimal>;
 
 }  // namespace ov

@@ -1,5 +1,6 @@
 #include "scripting/scripting_environment.h"
 
+#include <algorithm>
 #include <array>
 
 #include "platform/automation/member.h"
@@ -78,11 +79,10 @@ Variant ScriptingEnvironment::Out(const Variant& value, const Text& text) {
 }
 
 bool ScriptingEnvironment::IsValidIP(const Text& text) {
-    if (text.size() < 7) return false;
+    if (text.size() < 7 || std::ranges::count(text.view(), u'.') != 3) return false;
     std::u16string_view rest = text;
     for (int piece = 0; piece < 4; ++piece) {
         const std::size_t dot = rest.find(u'.');
-        if ((dot == std::u16string_view::npos) != (piece == 3)) return false;
         const Variant number(rest.substr(0, dot));
         if (!IsNumeric(number)) return false;
         const std::int16_t value = ToInteger(number);

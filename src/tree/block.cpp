@@ -117,13 +117,14 @@ void Block::OnParameterConfigStateChanged(IBase_GuiParameter* p) {
 void Block::Unload() noexcept {
     if (!mChannel) return;
     mCallbacks.Clear();
-    mGroups->ForEach([](IBase_GuiGroup& group) {
-        if (auto* own = dynamic_cast<Group*>(&group)) own->Unload();
-        return true;
-    });
+    // By the sort list, which also knows a group that another one of the same id has replaced in the collections: it
+    // holds this block, and nobody else ends that ring. The list holds its groups to the block's own end.
+    for (CLinkedListElement* element = mSortList.first(); element; element = element->after()) {
+        if (auto* own = dynamic_cast<Group*>(element->data.AsObject())) own->Unload();
+    }
     mGroups->Clear();
+    mGroupsValid = true;
     mChannel = nullptr;
-    // The sort list holds its groups to the block's own end.
 }
 
 }  // namespace ov

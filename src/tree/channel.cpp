@@ -43,9 +43,9 @@ bool Channel::LoadGroups() {
 }
 
 void Channel::ReadGroups() {
-    if (!mModule) Raise(ErrorNumber::ObjectVariableNotSet);
     mBlocks = MakeObject<TypedList<IBase_GuiBlock>>();
     mGroups = MakeObject<TypedList<IBase_SpecGroup>>();
+    if (!mModule) Raise(ErrorNumber::ObjectVariableNotSet);
     mScriptHost->BindChannel(this);
     tBaseDescriptorDB desc;
     desc.db = mServices->GetDB();

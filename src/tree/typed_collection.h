@@ -8,6 +8,26 @@
 
 namespace ov {
 
+/// Walks a list of plain objects, each of which it gives as @p Element: whose view of the list is walked decides which
+/// members a client that calls by name finds, not who put the object in.
+template <class Element>
+class ElementEnumerator final : public Object<ElementEnumerator<Element>, Facet<IEnumVariant>> {
+public:
+    static constexpr const char* kClassName = "ElementEnumerator";
+
+    explicit ElementEnumerator(Ref<IEnumVariant> objects) : mObjects(std::move(objects)) {}
+    bool Next(Variant& item) override {
+        if (!mObjects->Next(item)) return false;
+        if (const Ref<Element> element = facet<Element>(item.AsObject()))
+            item = Variant(static_cast<IDispatch*>(element.get()));
+        return true;
+    }
+    void Reset() override { mObjects->Reset(); }
+
+private:
+    Ref<IEnumVariant> mObjects;
+};
+
 /// A typed collection: a keyed collection of plain objects seen as @p Element. Two of them may show one list.
 template <class Element>
 class TypedList final : public Object<TypedList<Element>, Facet<TypedCollection<Element>>> {
@@ -26,7 +46,7 @@ public:
     void Remove(const Text& key) override { mCollection->RemoveKey(key); }
     Ref<Element> get_Item(const Text& key) override { return AsElement(mCollection->Find(key)); }
     void set_Item(const Text& key, Element* value) override { Add(value, key); }
-    Ref<IEnumVariant> NewEnum() override { return mCollection->NewEnum(); }
+    Ref<IEnumVariant> NewEnum() override { return MakeObject<ElementEnumerator<Element>>(mCollection->NewEnum()); }
     bool Inside(const Text& key) override { return mCollection->Find(key) != nullptr; }
     void Clear() override { mCollection->Clear(); }
     Ref<Element> get_first() override {

@@ -32,6 +32,7 @@ TEST(Exports, CreateObjectsOfEachClassWithAllItsFacets) {
         ++created;
     }
     EXPECT_GE(created, 12u);
+    EXPECT_EQ(DllCanUnloadNow(), kOvOk);
     EXPECT_THROW(CreateObject<CBase_Module>(u"CBase_Nothing"), RuntimeError);
     EXPECT_THROW(CreateObject<CBase_Module>(u"CBase_Environment"), RuntimeError);
     EXPECT_TRUE(CreateObject<CBase_Module>(u"cbase_module"));

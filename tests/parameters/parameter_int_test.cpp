@@ -141,9 +141,10 @@ TEST(ParameterFactoryTest, ChoosesByWordAndWidth) {
         return parameter ? parameter->ClassName().ToUtf8() : "none";
     };
     ExpectEach(
-        "s32 -> CBase_ParameterInt; S33 -> none; u31 -> CBase_ParameterInt; U32 -> none; 32 -> CBase_ParameterInt; 64; "
-        "x64 -> CBase_ParameterInt;  -> CBase_ParameterInt; u64reverseMapping -> none",
-        [&](const Text& subtype) { return made(u"INT", subtype); });
+        "s32 -> Int; S33 -> Decimal; u31 -> Int; U32 -> Decimal; 32 -> Int; 64 -> Decimal; x64 -> Int;  -> Int; "
+        "u64reverseMapping -> Decimal",
+        [&](const Text& subtype) { return made(u"INT", subtype).substr(std::size("CBase_Parameter") - 1); });
+    EXPECT_EQ(made(u"FLOAT", u"u8"), "CBase_ParameterFloat");
     EXPECT_EQ(made(u"INT", Variant::Null()), "CBase_ParameterInt");
     EXPECT_EQ(made(u"HEX", u"u64"), "CBase_ParameterInt") << "its width is not looked at";
     EXPECT_EQ(made(u"int", u"s8") + made(u"", u"s8"), "nonenone");

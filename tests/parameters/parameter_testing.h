@@ -42,10 +42,14 @@ public:
     }
     std::int32_t GetLanguage() override { return language; }
     std::int32_t GetModelVersionIndex() override { return generation; }
+    std::int32_t GetModuleTypeIdx() override { return 2; }
+    Text GetSourcePath() override { return u"/devices/device.db"; }
     Ref<Database> GetDB() override { return db; }
-    Ref<CBase_Environment> Environment() override { return nullptr; }
+    Ref<CBase_Environment> Environment() override { return environment; }
     std::shared_ptr<CEnumCacheItem> EnumCacheGet(const Text& key) override { return enums.Get(key); }
-    void EnumCacheSet(const Text& key, const std::shared_ptr<CEnumCacheItem>& item) override { enums.Set(key, item); }
+    void EnumCacheSet(const Text& key, const std::shared_ptr<CEnumCacheItem>& item) override {
+        if (!enums.Get(key)) enums.Set(key, item);
+    }
 
     bool authentification() override { return asksForLogin; }
     Text name() override { return {}; }
@@ -75,6 +79,7 @@ public:
     std::int32_t generation = 1;
     bool asksForLogin = true;
     Ref<Database> db;
+    Ref<CBase_Environment> environment;
     EnumCache enums;
 };
 

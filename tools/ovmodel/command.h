@@ -24,7 +24,13 @@ public:
 void AddTypesCommand(CLI::App& app);
 void AddInfoCommand(CLI::App& app);
 void AddTextCommand(CLI::App& app);
+void AddTreeCommand(CLI::App& app);
+void AddGetCommand(CLI::App& app);
+void AddSetCommand(CLI::App& app);
 void AddPackCommand(CLI::App& app);
+void AddConvertCommand(CLI::App& app, int& status);
+void AddTablesCommand(CLI::App& app);
+void AddImageCommand(CLI::App& app);
 
 /// A module on the descriptor @p database. @throws Failure with the reason if it cannot be opened
 ov::Ref<ov::Module> OpenDescriptor(const std::string& database);

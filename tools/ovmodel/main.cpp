@@ -63,7 +63,13 @@ int main(int argc, char** argv) {
         ovmodel::AddTypesCommand(app);
         ovmodel::AddInfoCommand(app);
         ovmodel::AddTextCommand(app);
+        ovmodel::AddTreeCommand(app);
+        ovmodel::AddGetCommand(app);
+        ovmodel::AddSetCommand(app);
         ovmodel::AddPackCommand(app);
+        ovmodel::AddConvertCommand(app, status);
+        ovmodel::AddTablesCommand(app);
+        ovmodel::AddImageCommand(app);
         AddRunCommand(app, line.script, status);
         std::ranges::reverse(line.own);  // the parser takes its words from the end
         app.parse(line.own);

@@ -1,6 +1,5 @@
 // ovmodel pack DESCRIPTOR.sql -o FILE
 #include <sqlite3.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <cctype>
@@ -12,6 +11,7 @@
 #include <sstream>
 
 #include "ovmodel/command.h"
+#include "ovmodel/unfinished_file.h"
 
 namespace ovmodel {
 
@@ -27,34 +27,6 @@ std::string ReadWhole(const std::string& path) {
     content << file.rdbuf();
     return content.str();
 }
-
-/// The file under its making: it gets its name only once it is whole, and is gone if it never becomes that.
-class UnfinishedFile {
-public:
-    explicit UnfinishedFile(const fs::path& target)
-        : mTarget(target), mPath(target.string() + "." + std::to_string(getpid()) + ".tmp") {
-        std::error_code ignored;
-        fs::remove(mPath, ignored);
-    }
-    ~UnfinishedFile() {
-        std::error_code ignored;
-        fs::remove(mPath, ignored);
-        fs::remove(mPath + "-journal", ignored);
-    }
-    UnfinishedFile(const UnfinishedFile&) = delete;
-    UnfinishedFile& operator=(const UnfinishedFile&) = delete;
-
-    const std::string& path() const { return mPath; }
-    void Finish() {
-        std::error_code error;
-        fs::rename(mPath, mTarget, error);
-        if (error) throw Failure("cannot write '" + mTarget.string() + "': " + error.message());
-    }
-
-private:
-    fs::path mTarget;
-    std::string mPath;
-};
 
 using Connection = std::unique_ptr<sqlite3, decltype(&sqlite3_close)>;
 using Statement = std::unique_ptr<sqlite3_stmt, decltype(&sqlite3_finalize)>;
@@ -125,9 +97,7 @@ void Pack(const std::string& source, const std::string& target, bool force) {
     const std::string sql = ReadWhole(source);
     if (sql.size() > std::size_t{1} << 30) throw Failure("'" + source + "' is too large");
     if (sql.find('\0') != std::string::npos) throw Failure("'" + source + "' is no SQL text");
-    if (fs::is_directory(target)) throw Failure("'" + target + "' is a folder");
-    if (!force && fs::exists(target)) throw Failure("'" + target + "' exists; use --force to replace it");
-    UnfinishedFile file(target);
+    UnfinishedFile file(target, force);
     {
         const Connection database = Create(file.path(), target);
         // One transaction, and no journal for a file that is thrown away on a failure.

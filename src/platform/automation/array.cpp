@@ -166,6 +166,14 @@ Variant Array::Get(std::span<const std::int32_t> indexes) const {
     return At(Position(indexes));
 }
 
+const Variant* Array::Find(std::int32_t index) const noexcept {
+    if (!mRep || mRep->bounds.size() != 1) return nullptr;
+    const std::int64_t offset = std::int64_t{index} - mRep->bounds[0].lower;
+    // An array of Byte has no elements here.
+    if (offset < 0 || static_cast<std::size_t>(offset) >= mRep->elements.size()) return nullptr;
+    return &mRep->elements[static_cast<std::size_t>(offset)];
+}
+
 Variant Array::At(std::size_t position) const {
     return mRep->element == VarType::Byte ? Variant(mRep->bytes[position]) : mRep->elements[position];
 }

@@ -55,6 +55,9 @@ public:
     VarType ElementType() const noexcept;
 
     Variant Get(std::span<const std::int32_t> indexes) const;
+    /// The short way to an element of an array of one dimension that is not of Byte; nullptr where it does not lead
+    /// there.
+    const Variant* Find(std::int32_t index) const noexcept;
     /// Converts @p value to the element type.
     void Set(std::span<const std::int32_t> indexes, const Variant& value);
     /// The element itself, for a write in place. Not for arrays of Byte: RuntimeError 51.

@@ -119,7 +119,8 @@ public:
 
     virtual Text Name() = 0;
     /// Opens a database file. @p exclusive wants the file for this process alone; @p connect is ";PWD=" and a password.
-    /// @throws RuntimeError 3024 for a missing file, 3343 for one that is no database, 3050 for one that another holds
+    /// @throws RuntimeError 3024 for a missing file, 3343 for one that is no database, 3050 for one that another holds,
+    /// 3031 for another password than the file's, 3011 for a damaged Jet file
     virtual Ref<Database> OpenDatabase(const Text& name, bool exclusive, bool readOnly, const Text& connect) = 0;
 };
 
@@ -130,7 +131,7 @@ public:
     virtual Ref<Workspace> CreateWorkspace(const Text& name, const Text& user, const Text& password) = 0;
 };
 
-/// The engine that the system uses: SQLite.
+/// The engine that the system uses: SQLite, which Jet files are read into.
 StoreEngine& DefaultStoreEngine();
 
 }  // namespace ov

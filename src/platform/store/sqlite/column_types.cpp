@@ -143,10 +143,11 @@ Variant DecodeByConversion(const Cell& cell, VarType type) {
     try {
         if (cell.kind == CellKind::Integer) return ConvertTo(type, Decimal(cell.integer));
         if (cell.kind == CellKind::Real) return ConvertTo(type, cell.real);
-        // More digits than a number of SQLite has are stored as text.
-        if (cell.kind == CellKind::Text && type == VarType::Decimal) {
+        // More digits than a number of SQLite has are stored as text, or as the bytes of one where SQLite would make a
+        // number of it.
+        if (cell.kind == CellKind::Text || cell.kind == CellKind::Blob) {
             const std::optional<Decimal> parsed = Decimal::Parse(FromStoredText(cell.Bytes()));
-            if (parsed) return *parsed;
+            if (parsed) return ConvertTo(type, *parsed);
         }
     } catch (const RuntimeError&) {
         // Its text, then.

@@ -1,0 +1,199 @@
+// Building a tree beside reading its rows, a user's edit in devices of growing size, and one rule beside Lua.
+#include <sqlite3.h>
+
+#include <array>
+#include <memory>
+#include <stdexcept>
+#include <string>
+
+#include <lua.hpp>
+
+#include "contract/group.h"
+#include "contract/parameter.h"
+#include "figures.h"
+#include "generator.h"
+#include "module/module.h"
+#include "parameters/parameter_owner.h"
+#include "platform/automation/conversions.h"
+
+namespace ov::bench {
+
+namespace {
+
+constexpr int kParametersInGroup = 20;
+
+DescriptorShape Shape(int parameters) {
+    return {.channels = 1, .groups = parameters / kParametersInGroup, .parameters = kParametersInGroup};
+}
+
+/// A module whose tree ends with it.
+class LoadedModule {
+public:
+    explicit LoadedModule(const std::string& path) {
+        mModule->SetSourcePath(Text::FromUtf8(path));
+        if (!mModule->Load(kGeneratedModuleType, {}, {})) throw std::runtime_error("a generated type does not load");
+    }
+    LoadedModule(const LoadedModule&) = delete;
+    LoadedModule& operator=(const LoadedModule&) = delete;
+    ~LoadedModule() { mModule->Unload(); }
+
+    // Builds the whole tree; answers the number of its parameters.
+    std::size_t BuildAll() {
+        std::size_t count = 0;
+        ForEach(mModule->Spec()->channels(), [&](IDispatch* channel) {
+            ForEach(facet<IBase_SpecChannel>(channel)->groups(), [&](IDispatch* group) {
+                count += static_cast<std::size_t>(facet<IBase_SpecGroup>(group)->parameters()->Count());
+            });
+        });
+        return count;
+    }
+    // A group beyond the first one, which rules of other groups read.
+    Ref<IBase_SpecGroup> Group() { return mModule->Spec()->channels()->get_first()->groups()->get_Item(u"5"); }
+
+private:
+    template <class Collection, class Visit>
+    static void ForEach(const Collection& collection, Visit visit) {
+        const Ref<IEnumVariant> walk = collection->NewEnum();
+        for (Variant item; walk->Next(item);) {
+            visit(item.AsObject());
+        }
+    }
+
+    Ref<Module> mModule = MakeObject<Module>();
+};
+
+// The same rows, by groups in the same order, each value as a text.
+std::size_t ReadRows(const std::string& path, int groups) {
+    sqlite3* handle = nullptr;
+    sqlite3_stmt* query = nullptr;
+    const int opened = sqlite3_open_v2(path.c_str(), &handle, SQLITE_OPEN_READONLY | SQLITE_OPEN_NOMUTEX, nullptr);
+    const std::unique_ptr<sqlite3, int (*)(sqlite3*)> db(handle, &sqlite3_close);
+    constexpr const char* kSql = "SELECT * FROM Parameters WHERE GroupType = ? ORDER BY [order], ParameterId";
+    if (opened != SQLITE_OK || sqlite3_prepare_v2(handle, kSql, -1, &query, nullptr) != SQLITE_OK) {
+        throw std::runtime_error(sqlite3_errmsg(handle));
+    }
+    const std::unique_ptr<sqlite3_stmt, int (*)(sqlite3_stmt*)> statement(query, &sqlite3_finalize);
+    std::size_t sum = 0;
+    for (int group = 1; group <= groups; ++group) {
+        sqlite3_reset(query);
+        sqlite3_bind_int(query, 1, group);
+        while (sqlite3_step(query) == SQLITE_ROW) {
+            for (int column = 0; column < kParameterColumns; ++column) {
+                if (sqlite3_column_text16(query, column)) {
+                    sum += static_cast<std::size_t>(sqlite3_column_bytes16(query, column));
+                }
+            }
+        }
+    }
+    return sum;
+}
+
+// Load, the whole tree with its rules, and its end.
+void BuildTree(benchmark::State& state) {
+    constexpr int kParameters = 20'000;
+    const DescriptorShape shape = Shape(kParameters);
+    const std::string path = GenerateDescriptor(shape);
+    const auto build = [&] { return LoadedModule(path).BuildAll(); };
+    Compare(state, {}, build, [&] { return ReadRows(path, shape.groups); });
+    state.SetItemsProcessed(state.iterations() * kParameters);
+}
+BENCHMARK(BuildTree)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(3);
+
+// A device with its whole tree, in which a user turns one number to and fro.
+class EditedDevice {
+public:
+    explicit EditedDevice(int parameters) : mModule(GenerateDescriptor(Shape(parameters))) {
+        mModule.BuildAll();
+        mNumber = mModule.Group()->parameters()->get_Item(u"2")->Gui();
+    }
+    std::size_t Edit() {
+        mHigh = !mHigh;
+        mNumber->let_value(mHigh ? u"7" : u"3");
+        return mNumber->get_value().size();
+    }
+
+private:
+    LoadedModule mModule;
+    Ref<IBase_GuiParameter> mNumber;
+    bool mHigh = false;
+};
+
+// An edit sweeps the rules of its group, so that the rest of the device does not matter.
+void UserEdit(benchmark::State& state) {
+    EditedDevice subject(static_cast<int>(state.range(0)));
+    EditedDevice small(200);
+    Compare(
+        state, 1.5, [&] { return subject.Edit(); }, [&] { return small.Edit(); });
+    state.SetItemsProcessed(state.iterations());
+}
+BENCHMARK(UserEdit)->Arg(200)->Arg(2'000)->Arg(20'000)->UseManualTime()->Unit(benchmark::kMicrosecond);
+
+constexpr int kRuns = 200;
+constexpr const char* kLuaRule = "return P('2') == 1 and P('3') > 5";
+
+// A table of values behind a C function, as the smallest host of Lua has it.
+class LuaRule {
+public:
+    LuaRule() {
+        luaL_openlibs(mState.get());
+        lua_pushcfunction(mState.get(), &Value);
+        lua_setglobal(mState.get(), "P");
+        luaL_loadstring(mState.get(), kLuaRule);
+    }
+    bool RunCompiled() {
+        lua_pushvalue(mState.get(), 1);
+        return Answer();
+    }
+    bool CompileAndRun() {
+        luaL_loadstring(mState.get(), kLuaRule);
+        return Answer();
+    }
+
+private:
+    static int Value(lua_State* state) {
+        static constexpr std::array<lua_Integer, 4> kValues = {0, 0, 1, 6};
+        lua_pushinteger(state, kValues[static_cast<std::size_t>(luaL_checkstring(state, 1)[0] - '0') % 4]);
+        return 1;
+    }
+    bool Answer() {
+        if (lua_pcall(mState.get(), 0, 1, 0) != LUA_OK) throw std::runtime_error(lua_tostring(mState.get(), -1));
+        const bool answer = lua_toboolean(mState.get(), -1) != 0;
+        lua_pop(mState.get(), 1);
+        return answer;
+    }
+
+    std::unique_ptr<lua_State, void (*)(lua_State*)> mState{luaL_newstate(), &lua_close};
+};
+
+template <class Run>
+auto Repeated(Run run) {
+    return [run]() mutable {
+        int held = 0;
+        for (int i = 0; i < kRuns; ++i) {
+            held += run() ? 1 : 0;
+        }
+        return held;
+    };
+}
+
+// A rule as the group's reader sees it: text in, answer out. Beside it Lua with the rule compiled beforehand, and
+// compiled each time.
+void EvaluateRule(benchmark::State& state) {
+    LoadedModule module(GenerateDescriptor(Shape(200)));
+    const Ref<IBase_SpecGroup> group = module.Group();
+    for (const auto& [id, value] : {std::pair{u"2", 1}, std::pair{u"3", 6}}) {
+        group->parameters()->get_Item(id)->let_value(value);
+    }
+    const Ref<ParameterOwner> owner = facet<ParameterOwner>(group);
+    const Text rule = u"!:P(\"2\") = 1 And P(\"3\") > 5";
+    LuaRule lua;
+    Compare(state, {}, Repeated([&] { return owner->GetBoolFromScript(rule, Variant()); }),
+            Repeated([&] { return lua.RunCompiled(); }),
+            AlsoBeside("ratioToCompiling", Repeated([&] { return lua.CompileAndRun(); })));
+    state.SetItemsProcessed(state.iterations() * kRuns);
+}
+BENCHMARK(EvaluateRule)->UseManualTime();
+
+}  // namespace
+
+}  // namespace ov::bench

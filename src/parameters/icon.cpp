@@ -1,0 +1,16 @@
+#include "parameters/icon.h"
+
+#include "platform/system/file_system.h"
+
+namespace ov {
+
+bool IsIconFormat(const Text& displayFormat) noexcept {
+    return EqualNoCase(displayFormat, u"icon");
+}
+
+Text IconPath(ModuleServices* module, const Text& name) {
+    const Text folder = module ? file_system::GetParentFolderName(module->GetSourcePath()) : Text();
+    return file_system::BuildPath(folder, name);
+}
+
+}  // namespace ov

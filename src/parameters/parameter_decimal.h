@@ -1,0 +1,30 @@
+/// @file
+/// The integer of more than 32 bits.
+#pragma once
+
+#include "contract/default_interfaces.h"
+#include "parameters/integer_parameter.h"
+#include "parameters/memory_map.h"
+
+namespace ov {
+
+/// CBase_ParameterDecimal: an integer that a Long has no room for, so from 32 bits without sign on; up to 64 bits in a
+/// device image.
+class ParameterDecimal final
+    : public Object<ParameterDecimal, Facet<CBase_ParameterDecimal>, IntegerParameter<Decimal>> {
+public:
+    static constexpr const char* kClassName = "CBase_ParameterDecimal";
+
+private:
+    bool MoveValue(const DeviceImage& image, const ImagePlace& place) override;
+    bool Export(ByteArray& target, const FieldPlace& place);
+    bool Export(Text& target, const FieldPlace& place);
+    bool Import(const ByteArray& source, const FieldPlace& place);
+    bool Import(const Text& source, const FieldPlace& place);
+
+    Decimal Pattern();
+    bool TakePattern(const Decimal& pattern);
+    bool TakeFault();
+};
+
+}  // namespace ov

@@ -1,0 +1,40 @@
+#include "parameters/parameter_int.h"
+
+#include "parameters/bit_conversions.h"
+#include "platform/automation/conversions.h"
+#include "support/diagnostics.h"
+
+namespace ov {
+
+namespace {
+
+constexpr std::int32_t kBitsOfLong = 32;
+
+}  // namespace
+
+bool ParameterInt::MoveValue(const DeviceImage& image, const ImagePlace& place) {
+    return TransferLong(*this, image, PlaceField(place, mBitLen, mReverseMapping));
+}
+
+// Sign is the subtype's affair: it goes by the width told there, however wide the field is.
+std::optional<std::int32_t> ParameterInt::Pattern() {
+    const std::int32_t number = ToLong(get_realvalue());
+    if (mUnsigned || mBitLen == kBitsOfLong) return number;
+    if (mBitLen > kBitsOfLong) return std::nullopt;
+    return Signed2UnsignedL(number, mBitLen);
+}
+
+bool ParameterInt::TakePattern(std::int32_t pattern) {
+    const bool isItsNumber = mUnsigned || mBitLen == kBitsOfLong;
+    if (!isItsNumber && mBitLen > kBitsOfLong) return false;
+    let_realvalue(isItsNumber ? pattern : Unsigned2SignedL(pattern, mBitLen));
+    return true;
+}
+
+void ParameterInt::LogNoConversion(const char16_t* operation, std::int32_t width) {
+    if (!DebugOutput()) return;
+    Log(operation + (u"(): ERROR: conversion not possible with BitLen=" + Text::FromInteger(width)) + u" and subtype=" +
+        (mUnsigned ? u"unsigned" : u"signed"));
+}
+
+}  // namespace ov

@@ -1,0 +1,16 @@
+/// @file
+/// Turning a Jet file into a SQLite file.
+#pragma once
+
+#include <string>
+
+#include "platform/automation/text.h"
+#include "platform/store/jet/import_report.h"
+
+namespace ov::jet {
+
+/// Writes the tables of the Jet file @p source to the new SQLite file @p target. What cannot be read is left out.
+/// @throws RuntimeError 3024, 3343, 3050, 3031, 3011; what stands in @p target then is of no use
+ImportReport Convert(const Text& source, const Text& password, const std::string& target);
+
+}  // namespace ov::jet

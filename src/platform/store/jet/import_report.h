@@ -1,0 +1,23 @@
+/// @file
+/// What an import of a Jet file brought.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace ov::jet {
+
+/// What an import brought, and what it did not. Names are UTF-8.
+struct ImportReport {
+    struct Table {
+        std::string name;
+        std::int64_t rows;
+    };
+
+    std::vector<Table> tables;
+    std::vector<std::string> losses;  ///< a line for each thing that is missing: all of a link or query, rows
+    bool isDamaged = false;           ///< something is missing because it cannot be read
+};
+
+}  // namespace ov::jet

@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "contract/callbacks.h"
 #include "contract/internal.h"
 #include "contract/parameter.h"
 #include "figures.h"

@@ -39,7 +39,7 @@ std::string NewPath() {
 
 }  // namespace
 
-SqliteFile::SqliteFile() : mPath(NewPath()) {
+SqliteFile::SqliteFile(Place place) : mPath(place == Place::Memory ? ":memory:" : NewPath()) {
     sqlite3* db = nullptr;
     const int code = sqlite3_open(mPath.c_str(), &db);
     mDb.reset(db);

@@ -15,11 +15,13 @@ namespace ov::bench {
 /// A value to be stored; NULL without one.
 using Cell = std::variant<std::monostate, std::int64_t, double, std::string>;
 
-/// A new SQLite file in the temporary folder, written in one transaction. The file is removed when the program ends.
-/// Failures throw std::runtime_error.
+/// A new SQLite file in the temporary folder, or a database in memory, written in one transaction. The file is removed
+/// when the program ends. Failures throw std::runtime_error.
 class SqliteFile {
 public:
-    SqliteFile();
+    enum class Place { TemporaryFolder, Memory };
+
+    explicit SqliteFile(Place place = Place::TemporaryFolder);
 
     /// Runs statements.
     void Run(const char* sql);

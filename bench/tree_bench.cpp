@@ -94,7 +94,7 @@ void BuildTree(benchmark::State& state) {
     const DescriptorShape shape = Shape(kParameters);
     const std::string path = GenerateDescriptor(shape);
     const auto build = [&] { return LoadedModule(path).BuildAll(); };
-    Compare(state, {}, build, [&] { return ReadRows(path, shape.groups); });
+    Compare(state, 4, build, [&] { return ReadRows(path, shape.groups); });
     state.SetItemsProcessed(state.iterations() * kParameters);
 }
 BENCHMARK(BuildTree)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(3);
@@ -187,7 +187,7 @@ void EvaluateRule(benchmark::State& state) {
     const Ref<ParameterOwner> owner = facet<ParameterOwner>(group);
     const Text rule = u"!:P(\"2\") = 1 And P(\"3\") > 5";
     LuaRule lua;
-    Compare(state, {}, Repeated([&] { return owner->GetBoolFromScript(rule, Variant()); }),
+    Compare(state, 10, Repeated([&] { return owner->GetBoolFromScript(rule, Variant()); }),
             Repeated([&] { return lua.RunCompiled(); }),
             AlsoBeside("ratioToCompiling", Repeated([&] { return lua.CompileAndRun(); })));
     state.SetItemsProcessed(state.iterations() * kRuns);

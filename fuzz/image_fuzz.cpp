@@ -10,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "contract/callbacks.h"
 #include "contract/internal.h"
 #include "contract/parameter.h"
 #include "parameters/parameter_factory.h"

@@ -49,7 +49,7 @@ void CheckByteOrder(eByteOrder order, const char16_t* source) {
 
 // The 64 bits of a number; a fraction is cut off. Nullopt for what no 64 bits are.
 std::optional<std::uint64_t> Bits64(const Decimal& number) {
-    const Decimal whole = number.Fix().Normalized();
+    const Decimal whole = number.Scale() == 0 ? number : number.Fix().Normalized();
     if (whole.High() != 0 || whole.IsNegative()) return std::nullopt;
     return whole.Low();
 }
@@ -84,7 +84,12 @@ Decimal HalfRange(std::int32_t bitLength) {
 
 // The same for a Long, whose callers know that it is short.
 double HalfRangeL(std::int32_t bitLength) {
-    return std::ldexp(0.5, bitLength);
+    return bitLength >= 1 ? static_cast<double>(std::int64_t{1} << (bitLength - 1)) : std::ldexp(0.5, bitLength);
+}
+
+// A number within a Long's range.
+std::int32_t LongOf(double number) {
+    return static_cast<std::int32_t>(std::nearbyint(number));
 }
 
 // The number that some hexadecimal digits are, at most 53 bits. @throws RuntimeError 13 if they are none
@@ -107,6 +112,17 @@ Decimal HexChunks(std::u16string_view digits) {
         if (digits.empty()) return number;
         weight = weight * Decimal(kChunkRange);
     }
+}
+
+constexpr std::int32_t kBytesOf64Bits = 8;
+
+// The pattern of at most eight bytes.
+Decimal Bytes64(const ByteArray& source, std::int32_t first, std::int32_t count, eByteOrder order) {
+    std::uint64_t pattern = 0;
+    for (std::int32_t i = count; i-- > 0;) {
+        pattern = pattern << 8 | source.bytes[PositionOf(source, IndexOfByte(first, count, i, order))];
+    }
+    return Decimal::FromUnsigned(pattern);
 }
 
 }  // namespace
@@ -161,13 +177,12 @@ Text Dec2Hex(const Decimal& pattern, eByteOrder order, std::int32_t digits) {
 
 bool Dec2ByteArray(ByteArray& target, std::int32_t first, std::int32_t count, const Decimal& pattern,
                    eByteOrder order) {
-    constexpr std::int32_t kBytes = 8;
     CheckByteOrder(order, u"Dec2ByteArray");
     try {
         const std::optional<std::uint64_t> bits = Bits64(pattern);
         if (!bits) Raise(ErrorNumber::Overflow);
         for (std::int32_t i = 0; i < count; ++i) {
-            if (i >= kBytes) Raise(ErrorNumber::SubscriptOutOfRange);
+            if (i >= kBytesOf64Bits) Raise(ErrorNumber::SubscriptOutOfRange);
             const std::size_t position = PositionOf(target, IndexOfByte(first, count, i, order));
             target.bytes[position] = static_cast<std::uint8_t>(*bits >> (8 * i));
         }
@@ -180,6 +195,7 @@ bool Dec2ByteArray(ByteArray& target, std::int32_t first, std::int32_t count, co
 Decimal ByteArray2Dec(const ByteArray& source, std::int32_t first, std::int32_t count, eByteOrder order) {
     CheckByteOrder(order, u"Dec2ByteArray");
     try {
+        if (count <= kBytesOf64Bits) return Bytes64(source, first, count, order);
         Decimal pattern;
         for (std::int32_t i = count; i-- > 0;) {
             const std::uint8_t byte = source.bytes[PositionOf(source, IndexOfByte(first, count, i, order))];
@@ -209,14 +225,14 @@ std::int32_t Unsigned2SignedL(std::int32_t pattern, std::int32_t bitLength) {
     if (bitLength >= kLongBits) RaiseOfWidth(u"Unsigned2SignedL", pattern, bitLength, kNo32Bits);
     const double half = HalfRangeL(bitLength);
     if (pattern > 2 * half - 1) RaiseOfWidth(u"Unsigned2SignedL", pattern, bitLength, kTooBig);
-    return pattern >= half ? ToLong(pattern - 2 * half) : pattern;
+    return pattern >= half ? LongOf(pattern - 2 * half) : pattern;
 }
 
 std::int32_t Signed2UnsignedL(std::int32_t value, std::int32_t bitLength) {
     if (bitLength >= kLongBits) RaiseOfWidth(u"Signed2UnsignedL", value, bitLength, kNo32Bits);
     const double half = HalfRangeL(bitLength);
     if (value >= half) RaiseOfWidth(u"Signed2UnsignedL", value, bitLength, kTooBig);
-    return value < 0 ? ToLong(value + 2 * half) : value;
+    return value < 0 ? LongOf(value + 2 * half) : value;
 }
 
 }  // namespace ov

@@ -190,7 +190,16 @@ bool ExportByteArray(ByteArray& target, std::int32_t value, const FieldPlace& pl
     const bool isBig = place.order == eByteOrder::eBigEndian;
     if (count > 1 && !isBig && place.order != eByteOrder::eLittleEndian) return true;
     auto rest = static_cast<std::uint32_t>(value);
-    // The least significant byte is the first one to be written, at whichever end it stands.
+    const std::int64_t position = std::int64_t{place.index} - target.lower;
+    if (position >= 0 && position + count <= static_cast<std::int64_t>(target.bytes.size())) {
+        std::uint8_t* bytes = target.bytes.data() + position;
+        for (std::int32_t i = 0; i < count; ++i, rest >>= kBitsOfByte) {
+            bytes[isBig ? count - 1 - i : i] = static_cast<std::uint8_t>(rest);
+        }
+        return true;
+    }
+    // Up to the one that is not there. The least significant byte is the first one to be written, at whichever end it
+    // stands.
     for (std::int32_t i = 0; i < count; ++i) {
         ByteAt(target, std::int64_t{place.index} + (isBig ? count - 1 - i : i)) = static_cast<std::uint8_t>(rest);
         rest >>= kBitsOfByte;
@@ -336,7 +345,11 @@ struct LongTransfer {
 }  // namespace
 
 bool TransferLong(LongField& field, const DeviceImage& image, const FieldPlace& place) {
-    return std::visit(LongTransfer{field, place}, image);
+    LongTransfer transfer{field, place};
+    if (auto* const* target = std::get_if<ByteArray*>(&image)) return transfer(*target);
+    if (const auto* const* source = std::get_if<const ByteArray*>(&image)) return transfer(*source);
+    if (auto* const* target = std::get_if<Text*>(&image)) return transfer(*target);
+    return transfer(std::get<const Text*>(image));
 }
 
 }  // namespace ov

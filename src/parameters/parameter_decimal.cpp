@@ -2,7 +2,6 @@
 
 #include "parameters/bit_conversions.h"
 #include "parameters/integer_type.h"
-#include "platform/automation/conversions.h"
 #include "platform/conversion/byte_copy.h"
 #include "support/diagnostics.h"
 
@@ -72,12 +71,12 @@ bool ParameterDecimal::Import(const Text& source, const FieldPlace& place) {
 }
 
 Decimal ParameterDecimal::Pattern() {
-    const Decimal number = ToDecimal(get_realvalue());
+    const Decimal number = DeviceNumber();
     return mUnsigned ? number : Signed2Unsigned(number, mBitLen);
 }
 
 bool ParameterDecimal::TakePattern(const Decimal& pattern) {
-    let_realvalue(mUnsigned ? pattern : Unsigned2Signed(pattern, mBitLen));
+    TakeDeviceNumber(mUnsigned ? pattern : Unsigned2Signed(pattern, mBitLen));
     return true;
 }
 

@@ -36,7 +36,8 @@ Text Parameter::ShownValue() {
 }
 
 bool Parameter::Transfer(DeviceImage image, const ImagePlace& place) {
-    const Ref<IBase_GuiParameter> alive = KeptAlive();
+    // An export runs no foreign code.
+    const Ref<IBase_GuiParameter> alive = IsImport(image) ? KeptAlive() : nullptr;
     try {
         return MoveValue(image, place);
     } catch (const RuntimeError& failure) {

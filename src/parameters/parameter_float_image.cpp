@@ -1,6 +1,7 @@
 // A float in a device image. The order of an IEEE single is the caller's alone: "reverseMapping" does not turn it.
 #include <array>
 #include <bit>
+#include <limits>
 
 #include "parameters/bit_conversions.h"
 #include "parameters/integer_type.h"
@@ -23,6 +24,12 @@ constexpr std::int32_t kExponent = 0x7F800000;
 constexpr std::u16string_view kNaNDigits = u"7FA00000";
 constexpr std::array<std::uint8_t, 4> kNaNBytes = {0x7F, 0xA0, 0x00, 0x00};
 
+// @throws RuntimeError 6 beyond a Single
+float SingleOf(double number) {
+    constexpr auto kMost = static_cast<double>(std::numeric_limits<float>::max());
+    return number >= -kMost && number <= kMost ? static_cast<float>(number) : ToSingle(number);
+}
+
 // Index of the byte of weight 256^i. Middle endian is taken for little endian.
 std::int64_t IndexOf(const FieldPlace& place, std::int32_t i) {
     return std::int64_t{place.index} + (place.order == eByteOrder::eBigEndian ? kBytesOfSingle - 1 - i : i);
@@ -42,7 +49,7 @@ bool ParameterFloat::MoveValue(const DeviceImage& image, const ImagePlace& place
 
 bool ParameterFloat::ExportSingle(ByteArray& target, const FieldPlace& place) {
     std::array<std::uint8_t, 4> bytes = kNaNBytes;
-    if (mValueExt != eParameterValueExt::eParamValueExtNaN) Float2Bytes(ToSingle(get_realvalue()), bytes);
+    if (mValueExt != eParameterValueExt::eParamValueExtNaN) Float2Bytes(SingleOf(DeviceNumber()), bytes);
     for (std::int32_t i = 0; i < kBytesOfSingle; ++i) {
         ByteAt(target, IndexOf(place, i)) = bytes[static_cast<std::size_t>(i)];
     }
@@ -53,7 +60,7 @@ bool ParameterFloat::ExportSingle(Text& target, const FieldPlace& place) {
     if (mValueExt == eParameterValueExt::eParamValueExtNaN) {
         WriteDigits(target, place.index, kNaNDigits);
     } else {
-        const std::int32_t bits = Float2Long(ToSingle(get_realvalue()));
+        const std::int32_t bits = Float2Long(SingleOf(DeviceNumber()));
         WriteDigits(target, place.index, LongToHexInOrder(bits, place.order, kDigitsOfSingle));
     }
     return true;
@@ -64,7 +71,7 @@ bool ParameterFloat::ImportSingle(const ByteArray& source, const FieldPlace& pla
     FieldPlace readable = place;
     if (place.order != eByteOrder::eBigEndian) readable.order = eByteOrder::eLittleEndian;
     ImportByteArray(source, bits, readable);
-    if (!TakeNaN(*bits, &source)) let_realvalue(std::bit_cast<float>(*bits));
+    if (!TakeNaN(*bits, &source)) TakeDeviceNumber(static_cast<double>(std::bit_cast<float>(*bits)));
     return true;
 }
 
@@ -78,7 +85,7 @@ bool ParameterFloat::ImportSingle(const Text& source, const FieldPlace& place) {
     }
     if (place.order == eByteOrder::eLittleEndian) ReverseHexBytes(digits);
     const std::int32_t bits = IntegerType<std::int32_t>::PatternOf(digits);
-    if (!TakeNaN(bits, &source)) let_realvalue(Long2Float(bits));
+    if (!TakeNaN(bits, &source)) TakeDeviceNumber(static_cast<double>(Long2Float(bits)));
     return true;
 }
 

@@ -1,7 +1,6 @@
 #include "parameters/parameter_int.h"
 
 #include "parameters/bit_conversions.h"
-#include "platform/automation/conversions.h"
 #include "support/diagnostics.h"
 
 namespace ov {
@@ -18,7 +17,7 @@ bool ParameterInt::MoveValue(const DeviceImage& image, const ImagePlace& place) 
 
 // Sign is the subtype's affair: it goes by the width told there, however wide the field is.
 std::optional<std::int32_t> ParameterInt::Pattern() {
-    const std::int32_t number = ToLong(get_realvalue());
+    const std::int32_t number = DeviceNumber();
     if (mUnsigned || mBitLen == kBitsOfLong) return number;
     if (mBitLen > kBitsOfLong) return std::nullopt;
     return Signed2UnsignedL(number, mBitLen);
@@ -27,7 +26,7 @@ std::optional<std::int32_t> ParameterInt::Pattern() {
 bool ParameterInt::TakePattern(std::int32_t pattern) {
     const bool isItsNumber = mUnsigned || mBitLen == kBitsOfLong;
     if (!isItsNumber && mBitLen > kBitsOfLong) return false;
-    let_realvalue(isItsNumber ? pattern : Unsigned2SignedL(pattern, mBitLen));
+    TakeDeviceNumber(isItsNumber ? pattern : Unsigned2SignedL(pattern, mBitLen));
     return true;
 }
 

@@ -39,6 +39,16 @@ protected:
     bool IsUnscaled() const noexcept { return mScale == Scale{}; }
     double Gain() const noexcept { return mScale.gain; }
     double Offset() const noexcept { return mScale.offset; }
+    /// The device view as a T, rounded once. @throws RuntimeError for what is none
+    T DeviceNumber() { return IsUnscaled() ? this->mValue : ValueType<T>::From(get_realvalue()); }
+    /// The engine's write of a number of the device view.
+    void TakeDeviceNumber(const T& number) {
+        if (IsUnscaled()) {
+            this->TakeFromEngine(number);
+        } else {
+            let_realvalue(number);
+        }
+    }
     /// @p realValue in the display view, not yet rounded. @throws RuntimeError for what is no number
     Variant Scaled(const Variant& realValue) const;
 

@@ -63,6 +63,10 @@ protected:
     bool EvaluateConsistency(const T& candidate);
 
     Variant EngineValue() override { return mValue; }
+    /// The engine's write of a value of the right type; quick where it is there already.
+    void TakeFromEngine(const T& value) {
+        if (mLoadState != LoadState::Written || mUnknown || Content{Accepted(value)} != Held()) WriteByEngine(value);
+    }
     void WriteByUser(const Text& text) override;
     void WriteByEngine(const Variant& value) override;
     void SetMyValueToDefault() override;

@@ -100,8 +100,7 @@ template <class Move>
 void MoveAll(const Options& options, const std::vector<PlacedParameter>& placed, const char* fault, Move move) {
     std::string faults;
     for (const auto& [field, parameter] : placed) {
-        const ov::ImagePlace& place = field.place;
-        if (move(*parameter, place)) continue;
+        if (move(*parameter, field)) continue;
         AddFault(faults, options.map, field, field.path + fault);
     }
     if (!faults.empty()) throw Failure(faults);
@@ -110,18 +109,18 @@ void MoveAll(const Options& options, const std::vector<PlacedParameter>& placed,
 ov::ByteArray Export(const Options& options, const std::vector<PlacedParameter>& placed, std::size_t size) {
     ov::ByteArray image{std::vector<std::uint8_t>(size), 0};
     MoveAll(options, placed, " has no form of that length",
-            [&image](ov::IBase_SpecParameter& parameter, const ov::ImagePlace& place) {
-                return parameter.ExportToByteArrayMapByMemory(image, place.startByte, place.bitlength, place.startBit,
-                                                              place.byteOrder);
+            [&image](ov::IBase_SpecParameter& parameter, const MapField& field) {
+                return parameter.ExportToByteArrayMapByMemory(image, field.startByte, field.bitLength, field.startBit,
+                                                              field.byteOrder);
             });
     return image;
 }
 
 void Import(const Options& options, const std::vector<PlacedParameter>& placed, const ov::ByteArray& image) {
     MoveAll(options, placed, " does not take what stands there",
-            [&image](ov::IBase_SpecParameter& parameter, const ov::ImagePlace& place) {
-                return parameter.ImportFromByteArrayMapByMemory(image, place.startByte, place.bitlength, place.startBit,
-                                                                place.byteOrder);
+            [&image](ov::IBase_SpecParameter& parameter, const MapField& field) {
+                return parameter.ImportFromByteArrayMapByMemory(image, field.startByte, field.bitLength, field.startBit,
+                                                                field.byteOrder);
             });
 }
 

@@ -8,13 +8,12 @@
 #include <string_view>
 
 #include "ovmodel/command.h"
-#include "parameters/memory_map.h"
 
 namespace ovmodel {
 
 namespace {
 
-constexpr std::int64_t kByte = ov::kBitsOfByte;
+constexpr std::int64_t kByte = 8;
 constexpr std::int32_t kMostBytes = 1 << 20;
 constexpr std::size_t kColumns = 5;
 
@@ -53,8 +52,10 @@ std::string Parse(const std::vector<std::string>& cells, MapField& field) {
     if (!length || *length == 0) return "'" + cells[2] + "' is no bit length";
     if (!bit) return "'" + cells[3] + "' is no start bit";
     if (cells[4] != "little" && cells[4] != "big") return "'" + cells[4] + "' is neither 'little' nor 'big'";
-    field.place = {*byte, *length, *bit,
-                   cells[4] == "big" ? ov::eByteOrder::eBigEndian : ov::eByteOrder::eLittleEndian};
+    field.startByte = *byte;
+    field.bitLength = *length;
+    field.startBit = *bit;
+    field.byteOrder = cells[4] == "big" ? ov::eByteOrder::eBigEndian : ov::eByteOrder::eLittleEndian;
     return {};
 }
 
@@ -71,18 +72,18 @@ void FailWith(std::string faults) {
 }  // namespace
 
 std::vector<std::int64_t> MapField::Bits() const {
-    const std::int64_t first = place.startByte + place.startBit / kByte;
-    const std::int64_t bit = place.startBit % kByte;
+    const std::int64_t first = startByte + startBit / kByte;
+    const std::int64_t bit = startBit % kByte;
     std::vector<std::int64_t> bits;
-    if (place.bitlength >= kByte) {
-        const std::int64_t bytes = (place.bitlength + kByte - 1) / kByte;
+    if (bitLength >= kByte) {
+        const std::int64_t bytes = (bitLength + kByte - 1) / kByte;
         for (std::int64_t i = 0; i < bytes * kByte; ++i) {
             bits.push_back(first * kByte + i);
         }
         return bits;
     }
-    const std::int64_t next = place.byteOrder == ov::eByteOrder::eBigEndian ? first - 1 : first + 1;
-    for (std::int64_t i = bit; i < bit + place.bitlength; ++i) {
+    const std::int64_t next = byteOrder == ov::eByteOrder::eBigEndian ? first - 1 : first + 1;
+    for (std::int64_t i = bit; i < bit + bitLength; ++i) {
         bits.push_back(i < kByte ? first * kByte + i : next * kByte + i - kByte);
     }
     return bits;
@@ -98,7 +99,8 @@ std::vector<MapField> ReadImageMap(const std::string& path) {
         const std::string content = Trimmed(text);
         if (content.empty() || content.starts_with('#')) continue;
         if (!std::exchange(titlesRead, true)) continue;
-        MapField field{line, {}, {}};
+        MapField field;
+        field.line = line;
         const std::string fault = Parse(Cells(content), field);
         if (fault.empty()) {
             map.push_back(field);

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "parameters/device_image.h"
+#include "contract/enumerations.h"
 
 namespace ovmodel {
 
@@ -15,7 +15,10 @@ namespace ovmodel {
 struct MapField {
     int line = 0;
     std::string path;
-    ov::ImagePlace place;
+    std::int32_t startByte = 0;
+    std::int32_t bitLength = 0;
+    std::int32_t startBit = 0;
+    ov::eByteOrder byteOrder = ov::eByteOrder::eLittleEndian;
 
     /// The bits that the field takes, as numbers from bit 0 of byte 0 on. A field of 8 bits or more takes whole bytes
     /// from the start byte on; a narrower one may go on in the next byte, which in big endian is the one before.

@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "platform/automation/conversions.h"
-#include "support/diagnostics.h"
 
 namespace ovmodel {
 
@@ -44,7 +43,7 @@ Ref<Element> Find(const Ref<ov::TypedCollection<Element>>& collection, const std
 }  // namespace
 
 std::string Utf8(const ov::Variant& value) {
-    return ov::TextForLog(value).ToUtf8();
+    return value.IsNull() ? "" : ov::ToText(value).ToUtf8();
 }
 
 Branch FindBranch(ov::Module& module, const std::string& path) {

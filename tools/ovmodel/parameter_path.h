@@ -49,7 +49,7 @@ std::string StateOf(ov::IBase_GuiParameter& parameter);
 /// The parameter as JSON, with its path, names, value, limits and marks.
 Json DescribeParameter(ov::IBase_GuiParameter& parameter);
 
-/// A value as UTF-8 text; "" for Null, Empty and what has no text.
+/// An id or a limit as UTF-8 text; "" for Null and Empty.
 std::string Utf8(const ov::Variant& value);
 
 /// Puts the module in @p language, if one is wanted. @throws Failure if its type does not support it

@@ -11,8 +11,9 @@ namespace {
 
 using Rows = std::vector<std::vector<std::string>>;
 
-constexpr std::size_t kWidestName = 32;
-constexpr std::size_t kWidestValue = 24;
+constexpr std::size_t kWidestName = 26;
+constexpr std::size_t kWidestValue = 18;
+constexpr std::size_t kWidestLimits = 25;  // those of a Long
 
 // Cut to a number of characters, which are whole in what is left.
 std::string Cut(const std::string& text, std::size_t most) {
@@ -58,7 +59,7 @@ void PrintTree(ov::Module& module, const Branch& branch) {
             for (const auto& parameter : Elements(group->Gui()->parameters())) {
                 rows.push_back({PathOf(*parameter), "  " + Cut(parameter->name().ToUtf8(), kWidestName),
                                 Cut(parameter->get_value().ToUtf8(), kWidestValue), Cut(parameter->unit().ToUtf8(), 8),
-                                Cut(Limits(*parameter), kWidestValue), StateOf(*parameter)});
+                                Cut(Limits(*parameter), kWidestLimits), StateOf(*parameter)});
             }
         }
     }

@@ -85,7 +85,7 @@ struct Code {
     /// A variable that was never declared: it is global if there is a global one when the procedure begins.
     struct Open {
         std::uint16_t slot = 0;
-        std::uint16_t name = 0;
+        std::uint32_t name = 0;
     };
     std::vector<Open> open;
 

@@ -11,6 +11,8 @@ namespace ov::vbscript {
 
 namespace {
 
+constexpr std::size_t kMaxFrameSize = 0xFFFF;  // what an instruction can tell of a slot
+
 std::vector<ArrayBound> BoundsOf(const Variable& variable) {
     std::vector<ArrayBound> bounds;
     for (const std::int32_t upper : variable.bounds) {
@@ -210,21 +212,15 @@ void ProcedureCompiler::Finish() {
     }
 }
 
-std::size_t ProcedureCompiler::Emit(Opcode op, std::uint16_t a, std::uint16_t b, std::uint16_t c, std::uint8_t flags) {
-    mCode->instructions.push_back({op, flags, a, b, c});
+std::size_t ProcedureCompiler::Emit(Opcode op, std::uint32_t a, std::uint32_t b, std::uint32_t c, std::uint8_t flags,
+                                    std::uint16_t n) {
+    mCode->instructions.push_back({op, flags, n, a, b, c});
     return mCode->instructions.size() - 1;
 }
 
-std::size_t ProcedureCompiler::EmitJump(Opcode op, std::uint16_t a, std::uint8_t flags) {
-    return Emit(op, a, 0, 0, flags);
-}
-
-void ProcedureCompiler::EmitWord(std::uint16_t a, std::uint16_t b, std::uint16_t c) {
-    Emit(Opcode::Word, a, b, c);
-}
-
 void ProcedureCompiler::JumpTo(std::size_t jump, std::size_t target) {
-    mCode->instructions[jump].SetTarget(static_cast<std::uint32_t>(target));
+    const auto distance = static_cast<std::int32_t>(target) - static_cast<std::int32_t>(jump);
+    mCode->instructions[jump].c = static_cast<std::uint32_t>(distance);
 }
 
 void ProcedureCompiler::LandHere(const Jumps& jumps) {
@@ -260,7 +256,7 @@ std::uint16_t ProcedureCompiler::NewTemp() {
 
 void ProcedureCompiler::NewTemps(std::size_t count) {
     mTop += count;
-    if (mTop > Operand::kMaxIndex) Fail(CompileError::OutOfMemory, mProcedure.position);
+    if (mTop > kMaxFrameSize) Fail(CompileError::OutOfMemory, mProcedure.position);
     mCode->frameSize = std::max(mCode->frameSize, static_cast<std::uint16_t>(mTop));
 }
 

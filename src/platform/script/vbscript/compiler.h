@@ -90,20 +90,19 @@ private:
     void DeclareOpenNames();
     Meaning Find(const Identifier& name);
     bool IsOwnResult(const Identifier& name) const noexcept;
-    std::uint16_t NameIndex(const Identifier& name);
-    std::uint16_t SiteIndex(const Identifier& name);
+    std::uint32_t NameIndex(const Identifier& name);
+    std::uint32_t SiteIndex(const Identifier& name);
     Operand NameOperand(const Identifier& name);
     bool IsPureFunction(const Expression& callee);
     bool MayHaveEffects(const Expression& expression);
     Operand ConstantOperand(Variant value);
 
     // Instructions.
-    std::size_t Emit(Opcode op, std::uint16_t a = 0, std::uint16_t b = 0, std::uint16_t c = 0, std::uint8_t flags = 0);
+    std::size_t Emit(Opcode op, std::uint32_t a = 0, std::uint32_t b = 0, std::uint32_t c = 0, std::uint8_t flags = 0,
+                     std::uint16_t n = 0);
     std::size_t Emit(Opcode op, Operand a, Operand b = {}, Operand c = {}, std::uint8_t flags = 0) {
         return Emit(op, a.bits, b.bits, c.bits, flags);
     }
-    std::size_t EmitJump(Opcode op, std::uint16_t a = 0, std::uint8_t flags = 0);
-    void EmitWord(std::uint16_t a = 0, std::uint16_t b = 0, std::uint16_t c = 0);
     void JumpTo(std::size_t jump, std::size_t target);
     void LandHere(const Jumps& jumps);
     std::uint32_t Here() const noexcept { return static_cast<std::uint32_t>(mCode->instructions.size()); }
@@ -179,7 +178,7 @@ private:
     const Procedure& mProcedure;
     std::unique_ptr<Code> mCode;
     NameMap<std::u16string_view, Local> mLocals;
-    NameMap<std::u16string_view, std::uint16_t> mNames;
+    NameMap<std::u16string_view, std::uint32_t> mNames;
     std::vector<Variant> mConstants;
     std::vector<std::uint32_t> mLiteralOperands;  // operand of each literal, plus 1
     std::vector<Loop> mLoops;                     // the innermost last

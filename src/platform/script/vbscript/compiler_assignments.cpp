@@ -92,8 +92,8 @@ void ProcedureCompiler::AssignIndexed(const Expression& target, const Expression
     }
     ToTemp(value, NewTemp());
     const Operand at = FindPlace(place);
-    Emit(Opcode::PutIndexed, at.bits, window, static_cast<std::uint16_t>(indexes.size()), flags);
-    if (IsTemp(at)) Emit(Opcode::Clear, at.bits, 1);
+    Emit(Opcode::PutIndexed, at.bits, window, static_cast<std::uint32_t>(indexes.size()), flags);
+    if (IsTemp(at)) Emit(Opcode::Clear, at.Index(), 1);
     mTop = base;
 }
 
@@ -110,15 +110,14 @@ ProcedureCompiler::Place ProcedureCompiler::PreparePlace(const Expression& expre
     Place place;
     if (!isName || meaning.kind == Meaning::Kind::ClassMember || meaning.kind == Meaning::Kind::Constant) {
         place.root = Slot(NewTemp());
-        ToTemp(expression, place.root.Index());
+        ToTemp(expression, static_cast<std::uint16_t>(place.root.Index()));
         return place;
     }
     if (meaning.kind == Meaning::Kind::Variable) {
         place.root = meaning.operand;
     } else if (meaning.kind == Meaning::Kind::Open) {
         place.root = Slot(NewTemp());
-        Emit(Opcode::PassName, place.root.bits, NameIndex(root->name), 0, kHasLocal);
-        EmitWord(Slot(meaning.slot).bits);
+        Emit(Opcode::PassName, place.root.Index(), NameIndex(root->name), 0, kHasLocal, meaning.slot);
     } else {
         place.root = NameOperand(root->name);
     }
@@ -138,8 +137,8 @@ Operand ProcedureCompiler::FindPlace(const Place& place) {
     Operand at = place.root;
     for (const Place::Index& index : place.indexes) {
         const std::uint16_t element = NewTemp();
-        Emit(Opcode::RefElement, element, at.bits, index.window, index.count);
-        if (IsTemp(at)) Emit(Opcode::Clear, at.bits, 1);
+        Emit(Opcode::RefElement, element, at.bits, index.window, 0, index.count);
+        if (IsTemp(at)) Emit(Opcode::Clear, at.Index(), 1);
         at = Slot(element);
     }
     return at;
@@ -162,7 +161,7 @@ void ProcedureCompiler::AssignMember(const Expression& member, std::span<Express
         ToTemp(*index, NewTemp());
     }
     ToTemp(value, NewTemp());
-    Emit(Opcode::PutMember, window, SiteIndex(member.name), static_cast<std::uint16_t>(indexes.size()), flags);
+    Emit(Opcode::PutMember, window, SiteIndex(member.name), static_cast<std::uint32_t>(indexes.size()), flags);
     mTop = base;
 }
 

@@ -22,7 +22,7 @@ void ProcedureCompiler::Call(const Expression& expression, std::uint16_t window,
     const std::uint16_t inner = NewTemp();
     CallWithin(callee, arguments, inner, flags, elements);
     PutBack(elements);
-    if (!(flags & kDiscard)) Emit(Opcode::Move, window, inner, 0, kFreeB);
+    if (!(flags & kDiscard)) Emit(Opcode::Move, Slot(window), Slot(inner), {}, kFreeB);
     mTop = window + 1u;
 }
 
@@ -75,8 +75,8 @@ void ProcedureCompiler::CallName(const Expression& callee, std::span<Expression*
     const Local* local = mLocals.Find(callee.name.text, callee.name.hash);
     const bool isOpen = local && local->kind == Local::Kind::Open;
     if (isOpen) flags |= kHasLocal;
-    Emit(Opcode::CallName, window, NameIndex(callee.name), Count(arguments), flags);
-    if (isOpen) EmitWord(Slot(local->slot).bits);
+    Emit(Opcode::CallName, window, NameIndex(callee.name), Count(arguments), flags,
+         isOpen ? local->slot : std::uint16_t{0});
 }
 
 // The short way to an element of a one-dimensional array in a variable.
@@ -118,6 +118,7 @@ ProcedureCompiler::Elements ProcedureCompiler::PrepareElements(const Expression&
             continue;
         }
         element.position = i;
+        if (argument.arguments.size() > 0xFF) Fail(CompileError::OutOfMemory, argument.position);
         element.count = Count(argument.arguments);
         element.indexes = static_cast<std::uint16_t>(mTop);
         NewTemps(element.count);
@@ -150,8 +151,7 @@ void ProcedureCompiler::PassArgument(const Expression& argument, std::uint16_t s
             Emit(Opcode::PassRef, Slot(slot), meaning.operand);
             return;
         case Meaning::Kind::Open:
-            Emit(Opcode::PassName, slot, NameIndex(argument.name), 0, kHasLocal);
-            EmitWord(Slot(meaning.slot).bits);
+            Emit(Opcode::PassName, slot, NameIndex(argument.name), 0, kHasLocal, meaning.slot);
             return;
         case Meaning::Kind::Global:
             Emit(Opcode::PassName, slot, NameIndex(argument.name));
@@ -179,23 +179,24 @@ void ProcedureCompiler::PassElement(const Expression& argument, const ElementArg
         if (!isName) Emit(Opcode::Move, Slot(window), element.variable);
         for (std::size_t i = 0; i < element.count; ++i) {
             const std::uint16_t to = i == 0 && isName ? window : NewTemp();
-            Emit(Opcode::Move, to, static_cast<std::uint16_t>(element.indexes + i));
+            Emit(Opcode::Move, Slot(to), Slot(static_cast<std::uint16_t>(element.indexes + i)));
         }
         if (isName) {
             Emit(Opcode::CallName, window, element.variable.Index(), element.count);
         } else {
             Emit(Opcode::CallValue, window, 0, element.count);
         }
-        Emit(Opcode::Move, element.value, window, 0, kFreeB);
+        Emit(Opcode::Move, Slot(element.value), Slot(window), {}, kFreeB);
         mTop = top;
     }
-    Emit(Opcode::PassRef, slot, element.value);
+    Emit(Opcode::PassRef, Slot(slot), Slot(element.value));
 }
 
 void ProcedureCompiler::PutBack(const Elements& elements) {
     for (const ElementArgument& element : elements) {
-        Emit(Opcode::PutBack, element.value, element.variable.bits, element.indexes);
-        EmitWord(element.count, static_cast<std::uint16_t>(element.position));
+        const PutBackNumbers numbers{static_cast<std::uint8_t>(element.count),
+                                     static_cast<std::uint8_t>(element.position)};
+        Emit(Opcode::PutBack, element.value, element.variable.bits, element.indexes, 0, numbers.Pack());
     }
 }
 
@@ -203,7 +204,7 @@ void ProcedureCompiler::PutBack(const Elements& elements) {
 std::uint8_t ProcedureCompiler::ObjectToTemp(const Expression& member, std::uint16_t slot) {
     if (member.kind == ExpressionKind::WithMember) {
         if (mWith.empty()) Fail(CompileError::Syntax, member.position);
-        Emit(Opcode::Move, slot, mWith.back());
+        Emit(Opcode::Move, Slot(slot), Slot(mWith.back()));
         return kWith;
     }
     ToTemp(*member.left, slot);

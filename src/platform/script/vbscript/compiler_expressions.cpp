@@ -79,8 +79,8 @@ Operand ProcedureCompiler::Value(const Expression& expression, std::optional<Ope
             if (expression.op != TokenKind::Literal) return ConstantOperand(LiteralValue(expression, mUnit.literals));
             if (mLiteralOperands.size() <= expression.literal) mLiteralOperands.resize(expression.literal + 1);
             std::uint32_t& known = mLiteralOperands[expression.literal];
-            if (known == 0) known = ConstantOperand(mUnit.literals[expression.literal]).bits + 1u;
-            return {static_cast<std::uint16_t>(known - 1)};
+            if (known == 0) known = ConstantOperand(mUnit.literals[expression.literal]).bits + 1;
+            return {known - 1};
         }
         case ExpressionKind::Missing:
             return ConstantOperand(Variant::Missing());
@@ -118,8 +118,7 @@ void ProcedureCompiler::ToTemp(const Expression& expression, std::uint16_t slot)
             const Meaning meaning = Find(expression.name);
             switch (meaning.kind) {
                 case Meaning::Kind::Open:
-                    Emit(Opcode::LoadName, slot, NameIndex(expression.name), 0, kHasLocal);
-                    EmitWord(Slot(meaning.slot).bits);
+                    Emit(Opcode::LoadName, slot, NameIndex(expression.name), 0, kHasLocal, meaning.slot);
                     return;
                 case Meaning::Kind::Global:
                     Emit(Opcode::LoadName, slot, NameIndex(expression.name));
@@ -152,7 +151,7 @@ void ProcedureCompiler::ToTemp(const Expression& expression, std::uint16_t slot)
     const std::size_t top = mTop;
     const Operand value = Value(expression, Slot(slot));
     mTop = top;
-    if (value != Slot(slot)) Emit(Opcode::Move, slot, value.bits, 0, IsTemp(value) ? kFreeB : std::uint8_t{0});
+    if (value != Slot(slot)) Emit(Opcode::Move, Slot(slot), value, {}, IsTemp(value) ? kFreeB : std::uint8_t{0});
 }
 
 // The value of a variable that is read before something that may change it.
@@ -227,11 +226,11 @@ Operand ProcedureCompiler::ConcatenateRun(Operand first, std::span<const Express
     const std::size_t count = mTop - base;
     mTop = base;
     if (isAppend) {
-        Emit(Opcode::Append, first.bits, static_cast<std::uint16_t>(base), static_cast<std::uint16_t>(count));
+        Emit(Opcode::Append, first.bits, static_cast<std::uint32_t>(base), static_cast<std::uint32_t>(count));
         return first;
     }
     const Operand to = wanted ? *wanted : Slot(NewTemp());
-    Emit(Opcode::ConcatenateAll, to.bits, static_cast<std::uint16_t>(base), static_cast<std::uint16_t>(count));
+    Emit(Opcode::ConcatenateAll, to.bits, static_cast<std::uint32_t>(base), static_cast<std::uint32_t>(count));
     return to;
 }
 
@@ -283,7 +282,7 @@ void ProcedureCompiler::JumpUnless(const Expression& condition, Jumps& jumps) {
     if (!IsComparison(op)) {
         const Operand value = Value(inner);
         mTop = base;
-        jumps.push_back(EmitJump(Opcode::JumpIfFalse, value.bits, IsTemp(value) ? kFreeA : std::uint8_t{0}));
+        jumps.push_back(Emit(Opcode::JumpIfFalse, value, {}, {}, IsTemp(value) ? kFreeA : std::uint8_t{0}));
         return;
     }
     const Operand left = Protect(Value(*inner.left), *inner.right);
@@ -292,8 +291,7 @@ void ProcedureCompiler::JumpUnless(const Expression& condition, Jumps& jumps) {
     if (IsTemp(left)) flags |= kFreeB;
     if (IsTemp(right)) flags |= kFreeC;
     mTop = base;
-    Emit(JumpOpcode(op), left.bits, right.bits, 0, flags);
-    jumps.push_back(Emit(Opcode::Word));
+    jumps.push_back(Emit(JumpOpcode(op), left, right, {}, flags));
 }
 
 }  // namespace ov::vbscript

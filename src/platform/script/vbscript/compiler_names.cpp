@@ -137,10 +137,9 @@ bool ProcedureCompiler::IsOwnResult(const Identifier& name) const noexcept {
     return local && local->kind == Local::Kind::Variable && local->slot == mCode->result;
 }
 
-std::uint16_t ProcedureCompiler::NameIndex(const Identifier& name) {
-    if (const std::uint16_t* known = mNames.Find(name.text, name.hash)) return *known;
-    if (mCode->names.size() > Operand::kMaxIndex) Fail(CompileError::OutOfMemory, mProcedure.position);
-    const auto index = static_cast<std::uint16_t>(mCode->names.size());
+std::uint32_t ProcedureCompiler::NameIndex(const Identifier& name) {
+    if (const std::uint32_t* known = mNames.Find(name.text, name.hash)) return *known;
+    const auto index = static_cast<std::uint32_t>(mCode->names.size());
     mCode->names.push_back(
         {Text(name.text), name.hash, FindIntrinsic(name.text), FindBuiltin(name.text), FindConstant(name.text)});
     return mNames.Add(name.text, name.hash, index);
@@ -150,12 +149,11 @@ Operand ProcedureCompiler::NameOperand(const Identifier& name) {
     return Operand::Of(OperandKind::Name, NameIndex(name));
 }
 
-std::uint16_t ProcedureCompiler::SiteIndex(const Identifier& name) {
-    if (mCode->sites.size() > 0xFFFF) Fail(CompileError::OutOfMemory, mProcedure.position);
+std::uint32_t ProcedureCompiler::SiteIndex(const Identifier& name) {
     MemberSite& site = mCode->sites.emplace_back();
     site.name = Text(name.text);
     site.hash = name.hash;
-    return static_cast<std::uint16_t>(mCode->sites.size() - 1);
+    return static_cast<std::uint32_t>(mCode->sites.size() - 1);
 }
 
 // True for a function of the language, which changes no variable.
@@ -203,7 +201,6 @@ bool ProcedureCompiler::MayHaveEffects(const Expression& expression) {
 }
 
 Operand ProcedureCompiler::ConstantOperand(Variant value) {
-    if (mConstants.size() > Operand::kMaxIndex) Fail(CompileError::OutOfMemory, mProcedure.position);
     mConstants.push_back(std::move(value));
     return Operand::Of(OperandKind::Constant, mConstants.size() - 1);
 }

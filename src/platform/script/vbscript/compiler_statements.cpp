@@ -59,7 +59,7 @@ void ProcedureCompiler::If(const Statement& statement) {
         Statements(clause.body);
         if (&clause != &statement.clauses.back()) {
             PutMark(clause.position);  // an error in the last statement goes on behind the If
-            ends.push_back(EmitJump(Opcode::Jump));
+            ends.push_back(Emit(Opcode::Jump));
         }
         LandHere(next);
     }
@@ -87,20 +87,20 @@ void ProcedureCompiler::Select(const Statement& statement) {
             if (IsTemp(value)) flags |= kFreeC;
             mTop = top;
             const bool isLast = &item == &clause.items.back();
-            Emit(isLast ? Opcode::JumpUnlessEqual : Opcode::JumpWhenEqual, subject.bits, value.bits, 0, flags);
-            (isLast ? next : bodies).push_back(Emit(Opcode::Word));
+            (isLast ? next : bodies)
+                .push_back(Emit(isLast ? Opcode::JumpUnlessEqual : Opcode::JumpWhenEqual, subject, value, {}, flags));
         }
         LandHere(bodies);
         Statements(clause.body);
         if (&clause != &statement.clauses.back()) {
             PutMark(clause.position);
-            ends.push_back(EmitJump(Opcode::Jump));
+            ends.push_back(Emit(Opcode::Jump));
         }
         LandHere(next);
     }
     LandHere(ends);
     PutMark(statement.end);
-    if (IsTemp(subject)) Emit(Opcode::Clear, subject.bits, 1);
+    if (IsTemp(subject)) Emit(Opcode::Clear, subject.Index(), 1);
     mTop = base;
     PutMark(statement.end);
 }
@@ -128,15 +128,12 @@ void ProcedureCompiler::For(const Statement& statement) {
         Emit(Opcode::Move, Slot(NewTemp()), ConstantOperand(Variant(std::int16_t{1})));
     }
     mTop = afterControl;
-    Emit(Opcode::ForStart, variable.bits, control);
-    Jumps exits{Emit(Opcode::Word)};
+    Jumps exits{Emit(Opcode::ForStart, variable, Slot(control))};
     const std::uint32_t body = Here();
     mLoops.push_back({TokenKind::For, static_cast<std::uint16_t>(mTop), {}});
     Statements(statement.body);
     PutMark(statement.end);
-    Emit(Opcode::ForNext, variable.bits, control);
-    const std::size_t back = Emit(Opcode::Word);
-    JumpTo(back, body);
+    JumpTo(Emit(Opcode::ForNext, variable, Slot(control)), body);
     exits.insert(exits.end(), mLoops.back().exits.begin(), mLoops.back().exits.end());
     mLoops.pop_back();
     LandHere(exits);
@@ -160,15 +157,13 @@ void ProcedureCompiler::ForEach(const Statement& statement) {
     const Operand collection = Value(*statement.value);
     mTop = afterControl;
     Emit(Opcode::ForEachStart, control, collection.bits, 0, IsTemp(collection) ? kFreeB : std::uint8_t{0});
-    Emit(Opcode::ForEachNext, variable.bits, control);
-    const std::size_t noItem = Emit(Opcode::Word);
+    const std::size_t noItem = Emit(Opcode::ForEachNext, variable, Slot(control));
     const std::uint32_t body = Here();
     mLoops.push_back({TokenKind::For, static_cast<std::uint16_t>(mTop), {}});
     Statements(statement.body);
     PutMark(statement.end);
-    Emit(Opcode::ForEachNext, variable.bits, control);
-    const std::size_t exit = Emit(Opcode::Word);
-    const std::size_t back = EmitJump(Opcode::JumpBack);
+    const std::size_t exit = Emit(Opcode::ForEachNext, variable, Slot(control));
+    const std::size_t back = Emit(Opcode::JumpBack);
     JumpTo(back, body);
     JumpTo(noItem, Here());
     JumpTo(exit, Here());
@@ -189,7 +184,7 @@ void ProcedureCompiler::Do(const Statement& statement) {
         const std::size_t base = mTop;
         const Operand value = Value(*statement.value);
         mTop = base;
-        exits.push_back(EmitJump(Opcode::JumpIfTrue, value.bits, IsTemp(value) ? kFreeA : std::uint8_t{0}));
+        exits.push_back(Emit(Opcode::JumpIfTrue, value, {}, {}, IsTemp(value) ? kFreeA : std::uint8_t{0}));
     };
     if (statement.value && !statement.flag) {
         PutMark(statement.position);
@@ -200,7 +195,7 @@ void ProcedureCompiler::Do(const Statement& statement) {
     PutMark(statement.end);
     // An error in a condition behind the loop leaves it: the jump back is a part of the same statement.
     if (statement.value && statement.flag) condition();
-    const std::size_t back = EmitJump(Opcode::JumpBack);
+    const std::size_t back = Emit(Opcode::JumpBack);
     JumpTo(back, start);
     if (!isWhileWend) {
         exits.insert(exits.end(), mLoops.back().exits.begin(), mLoops.back().exits.end());
@@ -232,8 +227,8 @@ void ProcedureCompiler::Exit(const Statement& statement) {
     for (auto loop = mLoops.rbegin(); loop != mLoops.rend(); ++loop) {
         if (loop->word != statement.word) continue;
         // The objects of inner With and For Each blocks end here.
-        if (mTop > loop->top) Emit(Opcode::Clear, loop->top, static_cast<std::uint16_t>(mTop - loop->top));
-        loop->exits.push_back(EmitJump(Opcode::Jump));
+        if (mTop > loop->top) Emit(Opcode::Clear, loop->top, static_cast<std::uint32_t>(mTop - loop->top));
+        loop->exits.push_back(Emit(Opcode::Jump));
         return;
     }
 }
@@ -261,7 +256,7 @@ void ProcedureCompiler::ReDim(const Statement& statement) {
         for (const Expression* bound : item->arguments) {
             ToTemp(*bound, NewTemp());
         }
-        Emit(Opcode::ReDim, variable.bits, window, static_cast<std::uint16_t>(item->arguments.size()),
+        Emit(Opcode::ReDim, variable.bits, window, static_cast<std::uint32_t>(item->arguments.size()),
              statement.flag ? kPreserve : std::uint8_t{0});
         mTop = base;
     }
@@ -273,7 +268,7 @@ void ProcedureCompiler::Erase(const Statement& statement) {
         PutMark(item->position);
         const Operand variable = FindPlace(PreparePlace(*item));
         Emit(Opcode::Erase, variable.bits);
-        if (IsTemp(variable)) Emit(Opcode::Clear, variable.bits, 1);
+        if (IsTemp(variable)) Emit(Opcode::Clear, variable.Index(), 1);
         mTop = base;
     }
 }
@@ -290,7 +285,7 @@ void ProcedureCompiler::DimensionArrays() {
         for (const std::int32_t upper : variable.bounds) {
             Emit(Opcode::Move, Slot(NewTemp()), ConstantOperand(Variant(upper)));
         }
-        Emit(Opcode::ReDim, slot.bits, window, static_cast<std::uint16_t>(variable.bounds.size()), kFixed);
+        Emit(Opcode::ReDim, slot.bits, window, static_cast<std::uint32_t>(variable.bounds.size()), kFixed);
         mTop = base;
     }
 }

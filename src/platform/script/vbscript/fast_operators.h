@@ -5,26 +5,55 @@
 
 #include <cmath>
 #include <cstdint>
+#include <new>
 
-#include "platform/script/vbscript/slot.h"
+#include "platform/automation/variant.h"
 
 namespace ov::vbscript::fast {
+
+/// True for Empty, Null, numbers of the common types and dates: what can be overwritten.
+inline bool IsSimple(const Variant& value) noexcept {
+    return value.Type() < VarType::String;
+}
+/// @pre @p to is simple, or a Boolean
+template <class T>
+inline void Put(Variant& to, T value) noexcept {
+    new (&to) Variant(value);
+}
 
 inline bool IsWhole(VarType type) noexcept {
     return type == VarType::Integer || type == VarType::Long;
 }
-inline std::int32_t Whole(const Slot& slot) noexcept {
-    return slot.Type() == VarType::Integer ? slot.value.AsInteger() : slot.value.AsLong();
+inline std::int32_t Whole(const Variant& value) noexcept {
+    return value.Type() == VarType::Integer ? value.AsInteger() : value.AsLong();
 }
 /// The value of a whole number or a Double.
-inline bool Number(const Slot& slot, double& number) noexcept {
-    if (slot.Type() == VarType::Double) {
-        number = slot.value.AsDouble();
+inline bool Number(const Variant& value, double& number) noexcept {
+    if (value.Type() == VarType::Double) {
+        number = value.AsDouble();
         return true;
     }
-    if (!IsWhole(slot.Type())) return false;
-    number = Whole(slot);
+    if (!IsWhole(value.Type())) return false;
+    number = Whole(value);
     return true;
+}
+
+/// Copies a whole number or a Double.
+inline bool Copy(const Variant& from, Variant& to) noexcept {
+    if (!IsSimple(to)) return false;
+    switch (from.Type()) {
+        case VarType::Long:
+            Put(to, from.AsLong());
+            return true;
+        case VarType::Integer:
+            Put(to, from.AsInteger());
+            return true;
+        case VarType::Double:
+            Put(to, from.AsDouble());
+            return true;
+        default:
+            return false;
+    }
 }
 
 struct Add {
@@ -48,17 +77,16 @@ struct Multiply {
 
 /// +, - and *.
 template <class Operation>
-inline bool Arithmetic(const Slot& a, const Slot& b, Slot& to) noexcept {
-    if (!to.IsSimple()) return false;
-    const VarType left = a.Type();
-    const VarType right = b.Type();
-    if (IsWhole(left) && IsWhole(right)) {
+inline bool Arithmetic(const Variant& a, const Variant& b, Variant& to) noexcept {
+    if (!IsSimple(to)) return false;
+    if (IsWhole(a.Type()) && IsWhole(b.Type())) {
         std::int32_t result;
         if (!Operation::Long(Whole(a), Whole(b), result)) return false;
-        if (left == VarType::Long || right == VarType::Long || result != static_cast<std::int16_t>(result)) {
-            to.Put(result);
+        const bool isLong = a.Type() == VarType::Long || b.Type() == VarType::Long;
+        if (isLong || result != static_cast<std::int16_t>(result)) {
+            Put(to, result);
         } else {
-            to.Put(static_cast<std::int16_t>(result));
+            Put(to, static_cast<std::int16_t>(result));
         }
         return true;
     }
@@ -66,42 +94,42 @@ inline bool Arithmetic(const Slot& a, const Slot& b, Slot& to) noexcept {
     if (!Number(a, x) || !Number(b, y)) return false;
     const double result = Operation::Double(x, y);
     if (!std::isfinite(result)) return false;
-    to.Put(result);
+    Put(to, result);
     return true;
 }
 
-inline bool Divide(const Slot& a, const Slot& b, Slot& to) noexcept {
+inline bool Divide(const Variant& a, const Variant& b, Variant& to) noexcept {
     double x, y;
-    if (!to.IsSimple() || !Number(a, x) || !Number(b, y) || y == 0) return false;
+    if (!IsSimple(to) || !Number(a, x) || !Number(b, y) || y == 0) return false;
     const double result = x / y;
     if (!std::isfinite(result)) return false;
-    to.Put(result);
+    Put(to, result);
     return true;
 }
 
 /// \ and Mod.
 template <bool kRemainder>
-inline bool WholeDivision(const Slot& a, const Slot& b, Slot& to) noexcept {
-    if (!to.IsSimple() || !IsWhole(a.Type()) || !IsWhole(b.Type())) return false;
+inline bool WholeDivision(const Variant& a, const Variant& b, Variant& to) noexcept {
+    if (!IsSimple(to) || !IsWhole(a.Type()) || !IsWhole(b.Type())) return false;
     const std::int32_t divisor = Whole(b);
     if (divisor == 0 || divisor == -1) return false;
     const std::int32_t result = kRemainder ? Whole(a) % divisor : Whole(a) / divisor;
     if (a.Type() == VarType::Long || b.Type() == VarType::Long) {
-        to.Put(result);
+        Put(to, result);
     } else {
-        to.Put(static_cast<std::int16_t>(result));
+        Put(to, static_cast<std::int16_t>(result));
     }
     return true;
 }
 
-inline bool Negate(const Slot& a, Slot& to) noexcept {
-    if (!to.IsSimple()) return false;
+inline bool Negate(const Variant& a, Variant& to) noexcept {
+    if (!IsSimple(to)) return false;
     if (a.Type() == VarType::Double) {
-        to.Put(-a.value.AsDouble());
+        Put(to, -a.AsDouble());
         return true;
     }
-    if (a.Type() != VarType::Integer || a.value.AsInteger() == INT16_MIN) return false;
-    to.Put(static_cast<std::int16_t>(-a.value.AsInteger()));
+    if (a.Type() != VarType::Integer || a.AsInteger() == INT16_MIN) return false;
+    Put(to, static_cast<std::int16_t>(-a.AsInteger()));
     return true;
 }
 
@@ -144,7 +172,7 @@ struct GreaterEqual {
 
 /// Compares; the answer is in @p holds.
 template <class Comparison>
-inline bool Compare(const Slot& a, const Slot& b, bool& holds) noexcept {
+inline bool Compare(const Variant& a, const Variant& b, bool& holds) noexcept {
     if (IsWhole(a.Type()) && IsWhole(b.Type())) {
         holds = Comparison::Holds(Whole(a), Whole(b));
         return true;
@@ -163,33 +191,38 @@ struct Or {
 };
 
 /// True for a slot that a Boolean can be put into.
-inline bool TakesBoolean(const Slot& to) noexcept {
-    return to.IsSimple() || to.Type() == VarType::Boolean;
+inline bool TakesBoolean(const Variant& to) noexcept {
+    return IsSimple(to) || to.Type() == VarType::Boolean;
 }
 
 /// And and Or of Booleans.
 template <class Operation>
-inline bool Logic(const Slot& a, const Slot& b, Slot& to) noexcept {
+inline bool Logic(const Variant& a, const Variant& b, Variant& to) noexcept {
     if (a.Type() != VarType::Boolean || b.Type() != VarType::Boolean || !TakesBoolean(to)) return false;
-    to.Put(Operation::Bits(a.value.AsBoolean(), b.value.AsBoolean()) != 0);
+    Put(to, Operation::Bits(a.AsBoolean(), b.AsBoolean()) != 0);
     return true;
 }
 
-/// One step of a For loop over whole numbers: variable, and behind @p control its limit and its step.
-inline bool ForNext(Slot& variable, const Slot* control, bool& again) noexcept {
-    const VarType type = variable.Type();
-    if (!IsWhole(type) || control[0].Type() != type || control[1].Type() != type) return false;
-    const std::int32_t step = Whole(control[1]);
-    std::int32_t next;
-    if (__builtin_add_overflow(Whole(variable), step, &next)) return false;
-    if (type == VarType::Long) {
-        variable.Put(next);
-    } else {
-        if (next != static_cast<std::int16_t>(next)) return false;
-        variable.Put(static_cast<std::int16_t>(next));
-    }
-    again = step >= 0 ? next <= Whole(control[0]) : next >= Whole(control[0]);
+/// One step of a For loop over numbers of type @p T. False, with nothing changed, if the next number is none.
+template <class T>
+inline bool StepBy(Variant& variable, T value, T limit, T step, bool& again) noexcept {
+    const std::int64_t next = std::int64_t{value} + step;
+    if (next != static_cast<T>(next)) return false;
+    Put(variable, static_cast<T>(next));
+    again = step >= 0 ? next <= limit : next >= limit;
     return true;
+}
+
+/// One step of a For loop over whole numbers. @p step has the type of @p limit.
+inline bool ForNext(Variant& variable, const Variant& limit, const Variant& step, bool& again) noexcept {
+    if (variable.Type() != limit.Type()) return false;
+    if (limit.Type() == VarType::Long) {
+        return StepBy(variable, variable.AsLong(), limit.AsLong(), step.AsLong(), again);
+    }
+    if (limit.Type() == VarType::Integer) {
+        return StepBy(variable, variable.AsInteger(), limit.AsInteger(), step.AsInteger(), again);
+    }
+    return false;
 }
 
 }  // namespace ov::vbscript::fast

@@ -18,6 +18,7 @@ Instance* gFirstDying = nullptr;
 
 Instance::Instance(BoundClass& boundClass) : mSpace(boundClass.space), mClass(&boundClass) {
     const std::vector<Declaration>& fields = boundClass.code.fields;
+    mMemory.Resize(sizeof(Instance) + fields.size() * sizeof(Slot));
     mFields = std::make_unique<Slot[]>(fields.size());
     for (std::size_t i = 0; i < fields.size(); ++i) {
         if (fields[i].isArray) mFields[i].value = fields[i].StartValue();

@@ -4,6 +4,7 @@
 
 #include <memory>
 
+#include "platform/automation/memory_account.h"
 #include "platform/automation/object.h"
 #include "platform/script/vbscript/namespace.h"
 
@@ -45,6 +46,7 @@ private:
     bool mEnded = false;    // Class_Terminate has run
     Ref<Namespace> mSpace;  // outlives what belongs to it
     Ref<BoundClass> mClass;
+    MemoryAccount::Share mMemory;
     std::unique_ptr<Slot[]> mFields;
     Instance* mPrevious = nullptr;  // among the living ones of the namespace
     Instance* mNext = nullptr;

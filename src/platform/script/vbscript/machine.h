@@ -16,19 +16,19 @@ namespace ov::vbscript {
 
 /// One procedure that runs.
 struct Frame {
-    const Code* code = nullptr;
-    const Instruction* pc = nullptr;  ///< the next instruction, while another procedure runs
-    Slot* slots = nullptr;
-    Slot* links = nullptr;   ///< one for each of the code's names
-    Slot* result = nullptr;  ///< gets the result
-    Namespace* space = nullptr;
-    Instance* me = nullptr;
+    const Code* code;
+    const Instruction* pc;  ///< the next instruction, while another procedure runs
+    Slot* slots;
+    Slot* links;   ///< one for each of the code's names
+    Slot* result;  ///< gets the result
+    Namespace* space;
+    Instance* me = nullptr;         ///< held
     BoundCode* bound = nullptr;     ///< held
     Unit* unit = nullptr;           ///< held, of a text that was compiled at run time
-    Frame* scope = nullptr;         ///< the procedure whose variables are seen; itself for a procedure
+    Frame* scope;                   ///< the procedure whose variables are seen; itself for a procedure
     Globals* localNames = nullptr;  ///< owned: names that texts of Execute added to a procedure
+    bool discard;                   ///< the result is not wanted
     bool isEntry = false;           ///< the machine was called for it
-    bool discard = false;           ///< the result is not wanted
     bool resumeNext = false;
 };
 
@@ -63,18 +63,18 @@ private:
     void Step(const Instruction& instruction);
 
     // Frames.
-    Frame& PushFrame(BoundCode& procedure, Instance* me, Slot* arguments, std::size_t count, Slot* result,
-                     bool discard);
-    Frame& PushUnit(Namespace& space, const Ref<Unit>& unit, Frame* scope, Slot* result, bool discard);
-    Frame& NewFrame(const Code& code, Slot* slots);
+    void PushFrame(BoundCode& procedure, Instance* me, Slot* arguments, std::size_t count, Slot* result, bool discard);
+    void PushUnit(Namespace& space, const Ref<Unit>& unit, Frame* scope, Slot* result, bool discard);
+    Frame* NextFrame(const Code& code, const Slot* slots) const;
     void BindOpenNames(Frame& frame);
     void PopFrame() noexcept;
-    Variant ResultOf(const Instruction& instruction);
-    bool EndFrame(Variant&& result);
+    bool Return();
+    bool Result(const Instruction& instruction);
+    bool EndFrame(Variant value);
     Slot* StackTop() const noexcept;
 
     // Operands of the current frame.
-    Slot& At(std::uint16_t operand) const noexcept;
+    Slot& At(std::uint32_t operand) const noexcept;
     const Variant& Read(Slot& slot);
     const Variant& ReadName(Global& global, Slot* link);
     void Write(Slot& slot, Variant&& value);
@@ -108,7 +108,9 @@ private:
     void CallName(const Instruction& instruction);
     void CallMember(const Instruction& instruction);
     void CallValue(const Instruction& instruction);
-    void CallGlobal(Global& global, std::uint16_t window, std::size_t count, std::uint8_t flags);
+    bool CallsItself(const Variant& variable, const Instruction& instruction) const noexcept;
+    void CallScope(Slot* window, const Instruction& instruction);
+    void CallGlobal(Global& global, std::uint32_t window, std::size_t count, std::uint8_t flags);
     void CallObject(Variant callee, Slot* arguments, std::size_t count, Slot* result, std::uint8_t flags);
     void CallInstance(Instance& instance, const ClassCode::Member& member, Slot* arguments, std::size_t count,
                       Slot* result, std::uint8_t flags);
@@ -128,7 +130,7 @@ private:
     void PutElement(const Instruction& instruction);
     void PutIndexed(const Instruction& instruction);
     void PutMember(const Instruction& instruction);
-    void PutBack(const Instruction& instruction, const Instruction& word);
+    void PutBack(const Instruction& instruction);
     void PutInto(Slot& place, Slot* window, std::size_t count, bool isSet);
     void PutArrayElement(Array& array, Slot* window, std::size_t count);
     void PutInstance(Instance& instance, const ClassCode::Member& member, Slot* window, std::size_t count, bool isSet);
@@ -153,14 +155,15 @@ private:
 
     std::unique_ptr<std::byte[]> mSlotMemory;
     std::unique_ptr<std::byte[]> mFrameMemory;
-    Slot* mSlots = nullptr;
-    Frame* mFrames = nullptr;
+    Slot* const mSlots;
+    const Slot* const mSlotsEnd;
+    Frame* const mFrames;
+    const Frame* const mFramesEnd;
     Frame* mTop = nullptr;       // the running procedure; below mFrames while there is none
     std::uint64_t mWritten = 0;  // arguments that the last call may have written
     std::int32_t mBudget = 0;    // jumps and calls until the time is looked at
-    bool mLoopAgain = false;
-    Variant mResult;     // of the run that ended last
-    Variant mNameValue;  // of a name that had to be called to be read
+    Variant mResult;             // of the run that ended last
+    Variant mNameValue;          // of a name that had to be called to be read
 };
 
 }  // namespace ov::vbscript

@@ -61,11 +61,14 @@ void Machine::CallName(const Instruction& i) {
     Slot* const window = mTop->slots + i.a;
     Slot& link = mTop->links[i.b];
     if (i.flags & kHasLocal) {
-        Slot& local = At(mTop->pc[-1].a);
+        Slot& local = mTop->slots[i.n];
         const bool isInUse = local.IsAlias() || !local.value.IsEmpty();
         if (isInUse) return CallObject(Read(local), window, i.c, window, i.flags);
     }
-    if (link.IsAlias()) return CallObject(*link.link.variable, window, i.c, window, i.flags);
+    if (link.IsAlias()) {
+        if (CallsItself(*link.link.variable, i)) return CallScope(window, i);
+        return CallObject(*link.link.variable, window, i.c, window, i.flags);
+    }
     Global& global = *link.link.global;
     if (global.kind == Global::Kind::Undefined) {
         if (Global* added = AddedName(mTop->code->names[i.b])) return CallGlobal(*added, i.a, i.c, i.flags);
@@ -73,7 +76,19 @@ void Machine::CallName(const Instruction& i) {
     CallGlobal(global, i.a, i.c, i.flags);
 }
 
-void Machine::CallGlobal(Global& global, std::uint16_t slot, std::size_t count, std::uint8_t flags) {
+// True for a call, in a text that runs inside a function, by the name of the function: it is no index into the result.
+bool Machine::CallsItself(const Variant& variable, const Instruction& i) const noexcept {
+    const Frame* const scope = mTop->scope;
+    return scope && scope != mTop && !(i.flags & kBare) && scope->code->hasResult &&
+           &variable == &scope->slots[scope->code->result].value;
+}
+
+void Machine::CallScope(Slot* window, const Instruction& i) {
+    const Frame& scope = *mTop->scope;
+    PushFrame(*scope.bound, scope.me, window, i.c, window, (i.flags & kDiscard) != 0);
+}
+
+void Machine::CallGlobal(Global& global, std::uint32_t slot, std::size_t count, std::uint8_t flags) {
     Slot* const window = mTop->slots + slot;
     switch (global.kind) {
         case Global::Kind::Procedure:

@@ -55,7 +55,7 @@ void Machine::GetElement(const Instruction& i) {
 
 void Machine::RefElement(const Instruction& i) {
     Slot* const window = mTop->slots + i.c;
-    const std::size_t count = i.flags;
+    const std::size_t count = i.n;
     Slot& to = mTop->slots[i.a];
     Slot& from = At(i.b);
     if (from.IsName() && from.link.global->kind == Global::Kind::Variable) from.PutAlias(from.link.global->value);
@@ -137,10 +137,11 @@ void Machine::PutArrayElement(Array& array, Slot* window, std::size_t count) {
 }
 
 // After a call: an element that was an argument by reference gets what the call wrote.
-void Machine::PutBack(const Instruction& i, const Instruction& word) {
+void Machine::PutBack(const Instruction& i) {
+    const PutBackNumbers numbers = PutBackNumbers::Unpack(i.n);
     Slot* const indexes = mTop->slots + i.c;
     Slot& value = mTop->slots[i.a];
-    const std::size_t bit = std::min<std::size_t>(word.b, Code::kWrittenBits - 1);
+    const std::size_t bit = std::min<std::size_t>(numbers.argument, Code::kWrittenBits - 1);
     if ((mWritten >> bit) & 1) {
         Slot& place = At(i.b);
         if (place.IsName() && place.link.global->kind == Global::Kind::Variable) {
@@ -149,7 +150,7 @@ void Machine::PutBack(const Instruction& i, const Instruction& word) {
         Variant* const variable = place.IsName() ? nullptr : place.IsAlias() ? place.link.variable : &place.value;
         if (variable && variable->IsArray()) {
             Array& array = variable->AsArray();
-            const Indexes at(indexes, word.a);
+            const Indexes at(indexes, numbers.indexes);
             if (array.ElementType() == VarType::Byte) {
                 array.Set(at, value.value);
             } else {
@@ -158,7 +159,7 @@ void Machine::PutBack(const Instruction& i, const Instruction& word) {
         }
     }
     value.Clear();
-    ClearSlots(indexes, word.a);
+    ClearSlots(indexes, numbers.indexes);
 }
 
 void Machine::ReDim(const Instruction& i) {

@@ -25,7 +25,7 @@ bool IsReached(const Variant& variable, const Variant& limit, const Variant& ste
 
 // The loop counts in the widest type of start, limit and step, as their sum would have it. False if it does not run.
 bool Machine::ForStart(const Instruction& i) {
-    Slot* const control = mTop->slots + i.b;
+    Slot* const control = &At(i.b);
     Slot* const values = control + 2;
     Variant start = NumberOf(Read(values[0]));
     Variant limit = NumberOf(Read(values[1]));
@@ -52,7 +52,7 @@ bool Machine::ForStart(const Instruction& i) {
 
 // True if the body runs again.
 bool Machine::ForNext(const Instruction& i) {
-    Slot* const control = mTop->slots + i.b;
+    Slot* const control = &At(i.b);
     if (control[1].value.IsEmpty()) Raise(ErrorNumber::ForLoopNotInitialized);
     Slot& variable = At(i.a);
     Write(variable, Add(Read(variable), control[1].value));
@@ -79,7 +79,7 @@ void Machine::ForEachStart(const Instruction& i) {
 // False at the end.
 bool Machine::ForEachNext(const Instruction& i) {
     Tick();
-    Slot* const control = mTop->slots + i.b;
+    Slot* const control = &At(i.b);
     Variant item;
     if (control[0].value.IsArray()) {
         const Array& array = control[0].value.AsArray();

@@ -15,7 +15,7 @@ constexpr std::int32_t kClassNotDefined = 506;
 
 }  // namespace
 
-Slot& Machine::At(std::uint16_t operand) const noexcept {
+Slot& Machine::At(std::uint32_t operand) const noexcept {
     const Operand place{operand};
     switch (place.Kind()) {
         case OperandKind::Frame:
@@ -199,7 +199,7 @@ void Machine::PassName(const Instruction& i) {
     Slot& link = mTop->links[i.b];
     Slot& to = mTop->slots[i.a];
     if (i.flags & kHasLocal) {
-        Slot& local = At(mTop->pc[-1].a);
+        Slot& local = mTop->slots[i.n];
         if (local.IsAlias()) return to.PutAlias(*local.link.variable);
         const bool isNothing = link.IsName() && link.link.global->kind == Global::Kind::Undefined;
         if (isNothing || !local.value.IsEmpty()) return to.PutAlias(local.value);
@@ -223,7 +223,7 @@ void Machine::LoadName(const Instruction& i) {
     Slot& link = mTop->links[i.b];
     Slot& to = mTop->slots[i.a];
     if (i.flags & kHasLocal) {
-        Slot& local = At(mTop->pc[-1].a);
+        Slot& local = mTop->slots[i.n];
         if (local.IsAlias()) return to.Take(Variant(*local.link.variable));
         if (!local.value.IsEmpty()) return to.Take(Variant(local.value));
     }

@@ -97,7 +97,7 @@ void Machine::Compare(const Instruction& i) {
     Slot& to = At(i.a);
     std::optional<std::weak_ordering> order;
     if (fast::IsWhole(a.Type()) && fast::IsWhole(b.Type())) {
-        order = fast::Whole(a) <=> fast::Whole(b);
+        order = fast::Whole(a.value) <=> fast::Whole(b.value);
     } else {
         order = a.IsName() ? ov::Compare(Variant(Read(a)), Read(b), LiteralSideOf(i))
                            : ov::Compare(Read(a), Read(b), LiteralSideOf(i));
@@ -106,7 +106,7 @@ void Machine::Compare(const Instruction& i) {
     }
     if (!order) return Write(to, Variant::Null());
     const bool holds = Holds(i.op, *order);
-    if (fast::TakesBoolean(to)) return to.Put(holds);
+    if (to.IsValue() && fast::TakesBoolean(to.value)) return to.Put(holds);
     Write(to, Variant(holds));
 }
 

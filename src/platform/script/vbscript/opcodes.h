@@ -2,21 +2,22 @@
 /// The machine's instructions.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 
 namespace ov::vbscript {
 
-/// What an instruction does with its operands a, b and c. "Window" is a run of frame slots at a: the arguments of a
-/// call, with the callee or object first where there is one; the result replaces the first slot. "Word" is the
-/// instruction slot behind, which holds more operands.
+/// What an instruction does with its operands a, b, c and n. "Slot" is the number of a frame slot; "window" is a run of
+/// them at a: the arguments of a call, with the callee or object first where there is one; the result replaces the
+/// first one. The target of a jump is c.
 enum class Opcode : std::uint8_t {
     // Values
     Let,       ///< variable a = b; an object gives its default value
     Set,       ///< variable a = object b
     Move,      ///< slot a = b as it is
     PassRef,   ///< slot a stands for variable b
-    PassName,  ///< slot a stands for what global name b is; word: a local variable if it is nothing
-    LoadName,  ///< slot a = the value of global name b, which may be a call; word: as of PassName
+    PassName,  ///< slot a stands for what global name b is, or for slot n if that is in use
+    LoadName,  ///< slot a = the value of global name b, which may be a call, or of slot n if that is in use
     LoadMe,    ///< slot a = Me
     New,       ///< slot a = new object of class b
     Clear,     ///< ends the content of b slots from a on
@@ -49,36 +50,36 @@ enum class Opcode : std::uint8_t {
     ConcatenateAll,  ///< a = the texts of c slots from b on
     Append,          ///< a = a & the texts of c slots from b on
 
-    // Jumps; the target is in b and c, or in the word
+    // Jumps
     Jump,
     JumpBack,     ///< as Jump, at the end of a loop
     JumpIfFalse,  ///< if a is False or Null
     JumpIfTrue,
-    JumpUnlessEqual,  ///< unless a op b; word: target
+    JumpUnlessEqual,  ///< unless a op b
     JumpUnlessNotEqual,
     JumpUnlessLess,
     JumpUnlessLessEqual,
     JumpUnlessGreater,
     JumpUnlessGreaterEqual,
     JumpWhenEqual,
-    ForStart,      ///< variable a, control slots b, behind them start, limit and step; word: target behind the loop
-    ForNext,       ///< variable a one step on, control slots b; word: target of the body
+    ForStart,      ///< variable a, control slots b, behind them start, limit and step; jumps behind the loop
+    ForNext,       ///< variable a one step on, control slots b; jumps to the body
     ForEachStart,  ///< control slots a from collection b
-    ForEachNext,   ///< variable a = next item by control slots b; word: target behind the loop
+    ForEachNext,   ///< variable a = next item by control slots b; jumps behind the loop
 
     // Calls
-    CallName,    ///< global name b with c arguments in the window; word: a local variable
+    CallName,    ///< global name b, or slot n if that is in use, with c arguments in the window
     CallMember,  ///< member b of the object in the window with c arguments
     CallValue,   ///< the value in the window with c arguments: an array's element or an object's default member
     GetElement,  ///< slot a = element c of variable b
-    RefElement,  ///< slot a stands for the element of variable b; window of indexes at c, their number in the flags
+    RefElement,  ///< slot a stands for the element of variable b; n indexes in slots c
     PutElement,  ///< element b of variable a = c
-    PutIndexed,  ///< element or default member of variable a; window b of c indexes and the value
+    PutIndexed,  ///< element or default member of variable a; slots b: c indexes and the value
     PutMember,   ///< member b of the object in the window; c indexes and the value
-    PutBack,  ///< element of variable b = slot a, if the last call wrote it; word: window, number of indexes, argument
+    PutBack,     ///< element of variable b = slot a, if the last call wrote it; slots c: the indexes; n: PutBackNumbers
 
     // Arrays
-    ReDim,  ///< variable a gets the bounds in window b, c of them
+    ReDim,  ///< variable a gets the c bounds in slots b
     Erase,  ///< variable a
 
     // Procedures and errors
@@ -87,8 +88,6 @@ enum class Opcode : std::uint8_t {
     Result,       ///< ends an expression text with value a
     OnError,      ///< clears Err; flag: resume next
     RaiseNumber,  ///< raises error a
-
-    Word,  ///< more operands of the instruction before
 };
 
 // Flags. The meaning of a bit depends on the instruction.
@@ -98,7 +97,7 @@ inline constexpr std::uint8_t kLiteralShift = 2;  ///< comparisons: two bits of 
 inline constexpr std::uint8_t kFreeA = 16;        ///< jumps: a is temporary
 
 inline constexpr std::uint8_t kDiscard = 1;   ///< calls: the result is not wanted
-inline constexpr std::uint8_t kHasLocal = 2;  ///< names: a word with a local variable is behind
+inline constexpr std::uint8_t kHasLocal = 2;  ///< names: n is a local variable
 inline constexpr std::uint8_t kOwn = 4;       ///< members: private ones too
 inline constexpr std::uint8_t kWith = 8;      ///< members: the object is that of With
 inline constexpr std::uint8_t kBare = 32;     ///< calls: no brackets were written
@@ -112,38 +111,48 @@ inline constexpr std::uint8_t kFixed = 2;     ///< ReDim: bounds of a declaratio
 
 inline constexpr std::uint8_t kResume = 1;  ///< OnError
 
-/// Where an operand lies: the two upper bits of its number.
+/// The two numbers in n of PutBack.
+struct PutBackNumbers {
+    std::uint8_t indexes;   ///< their count
+    std::uint8_t argument;  ///< its position in the call
+
+    constexpr std::uint16_t Pack() const noexcept { return static_cast<std::uint16_t>(indexes | (argument << 8)); }
+    static constexpr PutBackNumbers Unpack(std::uint16_t n) noexcept {
+        return {static_cast<std::uint8_t>(n), static_cast<std::uint8_t>(n >> 8)};
+    }
+};
+
+/// Where an operand lies.
 enum class OperandKind : std::uint8_t { Frame, Constant, Name, Field };
 
-/// A place that an instruction reads or writes.
+/// A place that an instruction reads or writes: the offset of a slot in bytes, with its kind in the lowest bits.
 struct Operand {
-    static constexpr unsigned kIndexBits = 14;
-    static constexpr std::uint16_t kMaxIndex = (1u << kIndexBits) - 1;
+    static constexpr std::uint32_t kSlotSize = 16;
+    static constexpr std::uint32_t kKindMask = 3;
+    static constexpr std::size_t kMaxIndex = 0x0FFFFFFF;
 
-    std::uint16_t bits = 0;
+    std::uint32_t bits = 0;
 
     static constexpr Operand Of(OperandKind kind, std::size_t index) noexcept {
-        return {static_cast<std::uint16_t>((static_cast<unsigned>(kind) << kIndexBits) | index)};
+        return {static_cast<std::uint32_t>(index) * kSlotSize + static_cast<std::uint32_t>(kind)};
     }
-    constexpr OperandKind Kind() const noexcept { return static_cast<OperandKind>(bits >> kIndexBits); }
-    constexpr std::uint16_t Index() const noexcept { return bits & kMaxIndex; }
+    constexpr OperandKind Kind() const noexcept { return static_cast<OperandKind>(bits & kKindMask); }
+    constexpr std::uint32_t Index() const noexcept { return bits / kSlotSize; }
     friend constexpr bool operator==(Operand, Operand) noexcept = default;
 };
 
-/// One instruction: 8 bytes.
+/// One instruction.
 struct Instruction {
     Opcode op;
     std::uint8_t flags = 0;
-    std::uint16_t a = 0;
-    std::uint16_t b = 0;
-    std::uint16_t c = 0;
+    std::uint16_t n = 0;
+    std::uint32_t a = 0;
+    std::uint32_t b = 0;
+    std::uint32_t c = 0;
 
-    constexpr std::uint32_t Target() const noexcept { return b | (std::uint32_t{c} << 16); }
-    constexpr void SetTarget(std::uint32_t target) noexcept {
-        b = static_cast<std::uint16_t>(target);
-        c = static_cast<std::uint16_t>(target >> 16);
-    }
+    /// Where a jump goes, counted from this instruction.
+    constexpr std::int32_t Distance() const noexcept { return static_cast<std::int32_t>(c); }
 };
-static_assert(sizeof(Instruction) == 8);
+static_assert(sizeof(Instruction) == 16);
 
 }  // namespace ov::vbscript

@@ -101,7 +101,8 @@ private:
 
     static Buffer Wide(const std::string& text) {
         Buffer bytes;
-        for (const char16_t c : Text::FromUtf8(text).view()) {
+        const Text wide = Text::FromUtf8(text);
+        for (const char16_t c : wide.view()) {
             Append(bytes, c, 2);
         }
         return bytes;
@@ -205,7 +206,8 @@ private:
         }
         if (number && column.type == ColumnType::Decimal) {
             const auto size = static_cast<std::uint64_t>(*number < 0 ? -*number : *number);
-            Append(bytes, *number < 0 ? 0x80 : 0, 9);
+            Append(bytes, *number < 0 ? 0x80 : 0, 1);
+            Append(bytes, 0, 8);
             Append(bytes, size >> 32, 4);
             Append(bytes, size, 4);
         } else if (number) {
@@ -304,7 +306,7 @@ private:
         const bool hasKey = std::ranges::any_of(table.columns, &JetColumn::isKey);
         const std::size_t indexes = hasKey ? 2 : 0;
         const std::size_t head = mIsJet3 ? 43 : 63;
-        Buffer all(head);
+        Buffer all(head + indexes * (mIsJet3 ? 8 : 12));
         Put(all, mIsJet3 ? 12 : 16, table.rows.size(), 4);
         all[mIsJet3 ? 20 : 40] = static_cast<std::uint8_t>(kind);
         std::size_t at = mIsJet3 ? 21 : 41;
@@ -315,7 +317,6 @@ private:
         Put(all, at, indexes, 4);
         Put(all, at + 4, indexes, 4);
         Put(all, at + 8, map, 4);
-        all.resize(head + indexes * (mIsJet3 ? 8 : 12));
         AppendColumns(all, table);
         if (hasKey) AppendIndexes(all, table);
         Append(all, 0xFFFF, 2);

@@ -4,6 +4,8 @@
 #include <array>
 #include <new>
 
+#include "platform/automation/memory_account.h"
+
 namespace ov {
 
 namespace {
@@ -108,6 +110,7 @@ static_assert(std::ranges::is_sorted(kErrors, {}, &Entry::number));
 }  // namespace
 
 Text ErrorText(std::int32_t number) {
+    const MemoryAccount::Exemption exemption;  // errors can be told whatever a script holds
     const auto at = std::ranges::lower_bound(kErrors, number, {}, &Entry::number);
     return at != kErrors.end() && at->number == number ? Text(at->text) : Text(u"Unknown runtime error");
 }
@@ -125,6 +128,7 @@ void Raise(ErrorNumber number) {
 }
 
 RuntimeError CurrentError() noexcept {
+    const MemoryAccount::Exemption exemption;
     try {
         throw;
     } catch (const RuntimeError& error) {

@@ -33,6 +33,18 @@ public:
         std::size_t mLimit;
     };
 
+    /// Lifts the bound for its life: for what has to be there to tell that the memory is exhausted.
+    class Exemption {
+    public:
+        Exemption() noexcept : mLimited(std::exchange(sLimited, false)) {}
+        ~Exemption() { sLimited = mLimited; }
+        Exemption(const Exemption&) = delete;
+        Exemption& operator=(const Exemption&) = delete;
+
+    private:
+        bool mLimited;
+    };
+
     /// The bytes that one thing holds, returned when it ends.
     class Share {
     public:

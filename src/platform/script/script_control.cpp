@@ -86,9 +86,10 @@ bool ScriptControl::HasProcedure(std::u16string_view name) const {
 }
 
 Variant ScriptControl::CallProcedure(std::u16string_view name, Arguments& arguments) {
-    vbscript::BoundCode* const procedure = mEngine->space ? mEngine->space->FindProcedure(name) : nullptr;
+    // Held, the namespace longest: the script may reset or end this engine.
+    const Ref<vbscript::Namespace> space = mEngine->space;
+    const Ref<vbscript::BoundCode> procedure = space ? space->FindProcedure(name) : nullptr;
     if (!procedure) Raise(ErrorNumber::NoSuchMember);
-    const Ref<vbscript::BoundCode> keep(procedure);
     return vbscript::Machine::Get().CallProcedure(*procedure, nullptr, arguments);
 }
 

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "platform/automation/dispatch.h"
+#include "platform/automation/memory_account.h"
 #include "platform/script/vbscript/ast.h"
 #include "platform/script/vbscript/builtins.h"
 #include "platform/script/vbscript/counted.h"
@@ -155,6 +156,7 @@ public:
     std::vector<Declaration> variables;
     std::vector<NamedConstant> constants;
     bool hasStatements = false;  ///< there is something to run
+    MemoryAccount::Share memory;
 
     /// True if the text holds procedures and nothing else, so that an engine need not look at it before it is used.
     bool HasProceduresOnly() const noexcept {

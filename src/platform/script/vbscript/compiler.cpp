@@ -95,6 +95,28 @@ void DeclareMembers(const Class& parsed, ClassCode& code) {
     }
 }
 
+std::size_t Footprint(const Code& code) noexcept {
+    return sizeof(Code) + code.instructions.size() * sizeof(Instruction) + code.marks.size() * sizeof(Mark) +
+           code.names.size() * sizeof(Name) + code.sites.size() * sizeof(MemberSite) +
+           code.locals.size() * sizeof(decltype(code.locals)::Entry);
+}
+
+/// About how many bytes a compiled text holds.
+std::size_t Footprint(const Unit& unit) noexcept {
+    std::size_t bytes = sizeof(Unit) + Footprint(*unit.main);
+    for (const Unit::Procedure& procedure : unit.procedures) {
+        bytes += sizeof(procedure) + Footprint(*procedure.code);
+    }
+    for (const std::unique_ptr<ClassCode>& code : unit.classes) {
+        bytes += sizeof(ClassCode) + code->fields.size() * sizeof(Declaration) +
+                 code->members.size() * sizeof(decltype(code->members)::Entry);
+        for (const std::unique_ptr<Code>& procedure : code->procedures) {
+            bytes += Footprint(*procedure);
+        }
+    }
+    return bytes;
+}
+
 std::unique_ptr<ClassCode> CompileClass(const Class& parsed, const UnitScope& scope) {
     auto code = std::make_unique<ClassCode>();
     code->number = NextClassNumber();
@@ -142,7 +164,9 @@ Ref<Unit> CompileText(std::u16string_view source, bool isExpression) {
     lexer.Run(source);
     Parser parser(arena, lexer.Tokens(), lexer.Literals());
     const Program program = isExpression ? parser.ParseExpressionText() : parser.ParseProgram();
-    return CompileProgram(program, lexer.Literals());
+    Ref<Unit> unit = CompileProgram(program, lexer.Literals());
+    unit->memory.Resize(Footprint(*unit));
+    return unit;
 }
 
 Variant LiteralValue(const Expression& expression, const std::vector<Variant>& literals) {

@@ -96,6 +96,7 @@ private:
     bool IsPureFunction(const Expression& callee);
     bool MayHaveEffects(const Expression& expression);
     Operand ConstantOperand(Variant value);
+    Operand LiteralOperand(std::uint32_t literal);
 
     // Instructions.
     std::size_t Emit(Opcode op, std::uint32_t a = 0, std::uint32_t b = 0, std::uint32_t c = 0, std::uint8_t flags = 0,
@@ -180,8 +181,9 @@ private:
     NameMap<std::u16string_view, Local> mLocals;
     NameMap<std::u16string_view, std::uint32_t> mNames;
     std::vector<Variant> mConstants;
-    std::vector<std::uint32_t> mLiteralOperands;  // operand of each literal, plus 1
-    std::vector<Loop> mLoops;                     // the innermost last
+    std::vector<std::uint32_t> mLiteralOperands;  // operand of each literal from the first one on, plus 1
+    std::uint32_t mFirstLiteral = 0;
+    std::vector<Loop> mLoops;  // the innermost last
     std::vector<std::uint16_t> mWith;
     std::size_t mTop = 0;
 };

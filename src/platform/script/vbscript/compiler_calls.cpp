@@ -1,4 +1,5 @@
 #include "platform/script/vbscript/compiler.h"
+#include "platform/script/vbscript/limits.h"
 
 namespace ov::vbscript {
 
@@ -16,7 +17,7 @@ void ProcedureCompiler::Call(const Expression& expression, std::uint16_t window,
     const Expression& callee = hasBrackets ? *expression.left : expression;
     const std::span<Expression* const> arguments = expression.arguments;
     if (!hasBrackets) flags |= kBare;
-    if (arguments.size() > 0xFF) Fail(CompileError::OutOfMemory, expression.position);
+    if (arguments.size() > kMaxArguments) Fail(CompileError::OutOfMemory, expression.position);
     const Elements elements = PrepareElements(callee, arguments);
     if (elements.empty()) return CallWithin(callee, arguments, window, flags, elements);
     const std::uint16_t inner = NewTemp();
@@ -118,7 +119,7 @@ ProcedureCompiler::Elements ProcedureCompiler::PrepareElements(const Expression&
             continue;
         }
         element.position = i;
-        if (argument.arguments.size() > 0xFF) Fail(CompileError::OutOfMemory, argument.position);
+        if (argument.arguments.size() > kMaxArguments) Fail(CompileError::OutOfMemory, argument.position);
         element.count = Count(argument.arguments);
         element.indexes = static_cast<std::uint16_t>(mTop);
         NewTemps(element.count);

@@ -77,10 +77,7 @@ Operand ProcedureCompiler::Value(const Expression& expression, std::optional<Ope
     switch (expression.kind) {
         case ExpressionKind::Literal: {
             if (expression.op != TokenKind::Literal) return ConstantOperand(LiteralValue(expression, mUnit.literals));
-            if (mLiteralOperands.size() <= expression.literal) mLiteralOperands.resize(expression.literal + 1);
-            std::uint32_t& known = mLiteralOperands[expression.literal];
-            if (known == 0) known = ConstantOperand(mUnit.literals[expression.literal]).bits + 1;
-            return {known - 1};
+            return LiteralOperand(expression.literal);
         }
         case ExpressionKind::Missing:
             return ConstantOperand(Variant::Missing());

@@ -3,6 +3,7 @@
 #include <array>
 
 #include "platform/automation/member.h"
+#include "platform/automation/memory_account.h"
 
 namespace ov::vbscript {
 
@@ -56,6 +57,7 @@ void ErrObject::Clear() {
 }
 
 void ErrObject::Note(const RuntimeError& error) {
+    const MemoryAccount::Exemption exemption;
     mNumber = error.number();
     mDescription = error.description();
     mSource = error.source().empty() ? Text(kSource) : error.source();

@@ -56,7 +56,9 @@ private:
 /// A procedure as an object, as GetRef gives it: calling the object calls the procedure.
 class FunctionObject final : public IDispatch, private LivingObjects {
 public:
-    explicit FunctionObject(BoundCode& procedure) : mSpace(procedure.space), mProcedure(&procedure) {}
+    explicit FunctionObject(BoundCode& procedure) : mSpace(procedure.space), mProcedure(&procedure) {
+        mMemory.Resize(sizeof(FunctionObject));
+    }
     FunctionObject(const FunctionObject&) = delete;
     FunctionObject& operator=(const FunctionObject&) = delete;
 
@@ -78,6 +80,7 @@ private:
     std::uint32_t mReferences = 1;
     Ref<Namespace> mSpace;  // outlives what belongs to it
     Ref<BoundCode> mProcedure;
+    MemoryAccount::Share mMemory;
 };
 
 }  // namespace ov::vbscript

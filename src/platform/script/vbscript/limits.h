@@ -11,6 +11,8 @@ namespace ov::vbscript {
 inline constexpr std::size_t kMaxSourceLength = std::size_t{4} * 1024 * 1024;  ///< characters
 inline constexpr std::size_t kMaxNameLength = 255;                             ///< characters
 inline constexpr int kMaxNesting = 200;  ///< brackets, member chains and blocks inside each other
+inline constexpr std::size_t kMaxParameters = 255;
+inline constexpr std::size_t kMaxArguments = 255;
 
 // Running scripts.
 inline constexpr std::size_t kMaxCallDepth = 10'000;         ///< procedures that called each other

@@ -1,5 +1,6 @@
 #include "platform/script/vbscript/machine.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <initializer_list>
@@ -14,7 +15,8 @@ namespace ov::vbscript {
 
 namespace {
 
-constexpr std::int32_t kStepsBetweenChecks = 2048;
+constexpr std::int32_t kStepsBetweenChecks = 64;  // few, since a step can be the copy of a big array
+constexpr std::size_t kBytesOfStep = 4096;
 
 /// The variable that a slot stands for, or its own value.
 Variant& Through(Slot& slot) noexcept {
@@ -90,6 +92,14 @@ void Machine::CheckTime() {
     mBudget = kStepsBetweenChecks;
 }
 
+// Counts the work on this many bytes as steps.
+void Machine::Charge(std::size_t bytes) {
+    if (bytes < kBytesOfStep) return;
+    constexpr std::size_t kMost = 1u << 20;
+    mBudget -= static_cast<std::int32_t>(std::min(bytes / kBytesOfStep, kMost));
+    if (mBudget < 0) CheckTime();
+}
+
 std::uint32_t& Machine::RandomSeed() {
     static std::uint32_t withoutEngine = 0;
     return mTop ? mTop->space->RandomSeed() : withoutEngine;
@@ -131,6 +141,7 @@ Variant Machine::CallProcedure(BoundCode& procedure, Instance* me, Arguments& ar
 }
 
 void Machine::Terminate(Instance& instance) noexcept {
+    if (RunGuard::IsTimeOver()) return;
     try {
         Arguments none;
         const Ref<BoundClass> keep(&instance.Class());
@@ -144,6 +155,7 @@ void Machine::Terminate(Instance& instance) noexcept {
 Variant Machine::Run() {
     mTop->isEntry = true;
     Execute();
+    if (!mTop) mNameValue = Variant();
     return std::exchange(mResult, Variant());
 }
 

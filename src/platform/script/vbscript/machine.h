@@ -100,8 +100,11 @@ private:
     void New(const Instruction& instruction);
     void ClearSlots(Slot* first, std::size_t count) noexcept;
     void NoteNewVariable(Global& global);
+    bool IsWritten(Global& global);
+    void PassUndefined(Global& global, Slot& to);
     Global* AddedName(const Name& name) const noexcept;
     static void LinkGlobally(Namespace& space, const Name& name, Slot& link);
+    static Globals& LocalNames(Frame& scope);
     static void LinkLocally(Frame& scope, const Name& name, Slot& link);
 
     // Calls. They leave the frame that is to go on as the current one.
@@ -125,6 +128,7 @@ private:
     void Finish(Slot* result, Variant&& value, std::uint8_t flags) noexcept;
 
     // Elements and members.
+    void Settle(Slot& slot);
     void GetElement(const Instruction& instruction);
     void RefElement(const Instruction& instruction);
     void PutElement(const Instruction& instruction);
@@ -149,6 +153,8 @@ private:
     bool Resume(const Frame* entry, const RuntimeError& error);
     void Unwind(const Frame* entry) noexcept;
     Position PositionOf(const Frame& frame) const noexcept;
+    void Charge(std::size_t bytes);
+    static std::size_t SizeOf(const Variant& value) noexcept;
     void Tick() {
         if (--mBudget < 0) CheckTime();
     }

@@ -54,7 +54,9 @@ Variant Machine::CallWithValues(Slot* arguments, std::size_t count, Function fun
 }
 
 Variant Machine::InvokeObject(IDispatch* object, DispId id, CallKind kind, Slot* arguments, std::size_t count) {
-    return CallWithValues(arguments, count, [&](Arguments& call) { return object->Invoke(id, kind, call); });
+    Variant result = CallWithValues(arguments, count, [&](Arguments& call) { return object->Invoke(id, kind, call); });
+    CheckTime();  // the host may have taken long
+    return result;
 }
 
 void Machine::CallName(const Instruction& i) {
@@ -70,7 +72,7 @@ void Machine::CallName(const Instruction& i) {
         return CallObject(*link.link.variable, window, i.c, window, i.flags);
     }
     Global& global = *link.link.global;
-    if (global.kind == Global::Kind::Undefined) {
+    if (global.kind == Global::Kind::Undefined && !IsWritten(global)) {
         if (Global* added = AddedName(mTop->code->names[i.b])) return CallGlobal(*added, i.a, i.c, i.flags);
     }
     CallGlobal(global, i.a, i.c, i.flags);
@@ -337,12 +339,12 @@ void Machine::CallIntrinsic(Intrinsic intrinsic, Slot* window, std::size_t count
 
 // Begins a text that is compiled at run time.
 void Machine::RunText(Intrinsic intrinsic, const Text& source, Slot* result, bool discard) {
+    CheckTime();  // compiling is no step among others
     const Ref<Unit> unit = CompiledText(source, intrinsic == Intrinsic::Eval);
     Namespace& space = *mTop->space;
     Frame* const scope = intrinsic == Intrinsic::ExecuteGlobal ? nullptr : mTop->scope;
     if (scope && intrinsic == Intrinsic::Execute) {
-        if (!scope->localNames) scope->localNames = new Globals;
-        space.DefineLocally(unit, *scope->localNames);
+        space.DefineLocally(unit, LocalNames(*scope));
     } else {
         space.Define(unit);
     }

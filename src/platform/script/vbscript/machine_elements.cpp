@@ -53,12 +53,19 @@ void Machine::GetElement(const Instruction& i) {
     to.Take(callee.AsObject()->Invoke(kDispIdValue, CallKind::Call, arguments));
 }
 
+// Lets a slot that stands for a global name stand for its variable, if it is one by now.
+void Machine::Settle(Slot& slot) {
+    if (!slot.IsName()) return;
+    Global& global = *slot.link.global;
+    if (global.kind == Global::Kind::Variable || IsWritten(global)) slot.PutAlias(global.value);
+}
+
 void Machine::RefElement(const Instruction& i) {
     Slot* const window = mTop->slots + i.c;
     const std::size_t count = i.n;
     Slot& to = mTop->slots[i.a];
     Slot& from = At(i.b);
-    if (from.IsName() && from.link.global->kind == Global::Kind::Variable) from.PutAlias(from.link.global->value);
+    Settle(from);
     const bool inPlace = from.IsValue() || from.IsAlias();
     Variant& variable = from.IsAlias() ? *from.link.variable : from.value;
     if (inPlace && variable.IsArray() && variable.AsArray().ElementType() != VarType::Byte) {
@@ -88,6 +95,7 @@ void Machine::PutElement(const Instruction& i) {
     if (!isSet && value.IsObject()) value = DefaultValue(value);
     Slot& index = At(i.b);
     Slot& place = At(i.a);
+    Settle(place);
     Variant& variable = place.IsAlias() ? *place.link.variable : place.value;
     if (!place.IsName() && variable.IsArray()) {
         const std::int32_t position = IndexOf(Read(index));
@@ -115,7 +123,7 @@ void Machine::PutInto(Slot& place, Slot* window, std::size_t count, bool isSet) 
     Slot& value = window[count];
     if (isSet && !value.value.IsObject()) Raise(ErrorNumber::ObjectRequired);
     if (!isSet && value.value.IsObject()) value.Take(DefaultValue(value.value));
-    if (place.IsName() && place.link.global->kind == Global::Kind::Variable) place.PutAlias(place.link.global->value);
+    Settle(place);
     if (!place.IsName()) {
         Variant& variable = place.IsAlias() ? *place.link.variable : place.value;
         if (variable.IsArray()) return PutArrayElement(variable.AsArray(), window, count);
@@ -144,9 +152,7 @@ void Machine::PutBack(const Instruction& i) {
     const std::size_t bit = std::min<std::size_t>(numbers.argument, Code::kWrittenBits - 1);
     if ((mWritten >> bit) & 1) {
         Slot& place = At(i.b);
-        if (place.IsName() && place.link.global->kind == Global::Kind::Variable) {
-            place.PutAlias(place.link.global->value);
-        }
+        Settle(place);
         Variant* const variable = place.IsName() ? nullptr : place.IsAlias() ? place.link.variable : &place.value;
         if (variable && variable->IsArray()) {
             Array& array = variable->AsArray();
@@ -173,8 +179,13 @@ void Machine::ReDim(const Instruction& i) {
     }
     ClearSlots(window, i.c);
     const std::span<const ArrayBound> all(bounds.data(), i.c);
+    std::size_t elements = 1;
+    for (const ArrayBound& bound : all) {
+        elements *= static_cast<std::size_t>(std::max(bound.count, 1));
+    }
+    Charge(elements * sizeof(Variant));
     Slot& place = At(i.a);
-    if (place.IsName() && place.link.global->kind == Global::Kind::Undefined) {
+    if (place.IsName() && place.link.global->kind == Global::Kind::Undefined && !IsWritten(*place.link.global)) {
         mTop->space->MakeVariable(*place.link.global);  // a declaration, under Option Explicit too
         NoteNewVariable(*place.link.global);
     }

@@ -35,6 +35,20 @@ const Variant& Machine::Read(Slot& slot) {
     return ReadName(*slot.link.global, &slot);
 }
 
+// True if a name that was nothing has become a variable because a procedure wrote to an argument that stood for it.
+bool Machine::IsWritten(Global& global) {
+    if (global.kind != Global::Kind::Undefined || global.value.IsEmpty()) return false;
+    mTop->space->MakeVariable(global);
+    NoteNewVariable(global);
+    return true;
+}
+
+// Lets a slot stand for a name that is nothing so far, for a procedure that may write to it.
+void Machine::PassUndefined(Global& global, Slot& to) {
+    if (mTop->code->optionExplicit && !IsWritten(global)) RaiseNumber(kUndefinedVariable);
+    to.PutAlias(global.value);
+}
+
 // A global name among the operands: mostly a variable that was none when the text was linked.
 const Variant& Machine::ReadName(Global& global, Slot* link) {
     switch (global.kind) {
@@ -45,6 +59,7 @@ const Variant& Machine::ReadName(Global& global, Slot* link) {
         case Global::Kind::Object:
             return global.value;
         case Global::Kind::Undefined:
+            if (IsWritten(global)) return global.value;
             if (mTop->code->optionExplicit) RaiseNumber(kUndefinedVariable);
             return global.value;
         default:
@@ -71,7 +86,7 @@ Variant& Machine::VariableOf(Slot& slot) {
     if (slot.IsValue()) return slot.value;
     if (slot.IsAlias()) return *slot.link.variable;
     Global& global = *slot.link.global;
-    if (global.kind == Global::Kind::Undefined) {
+    if (global.kind == Global::Kind::Undefined && !IsWritten(global)) {
         if (mTop->code->optionExplicit) RaiseNumber(kUndefinedVariable);
         mTop->space->MakeVariable(global);
         NoteNewVariable(global);
@@ -118,6 +133,11 @@ void Machine::LinkGlobally(Namespace& space, const Name& name, Slot& link) {
     }
 }
 
+Globals& Machine::LocalNames(Frame& scope) {
+    if (!scope.localNames) scope.localNames = new Globals;
+    return *scope.localNames;
+}
+
 // Links a name of a text that runs inside a procedure: to the procedure's variables, to names that such texts added
 // before, to members of the procedure's class. A name that is nothing anywhere becomes one of the added names.
 void Machine::LinkLocally(Frame& scope, const Name& name, Slot& link) {
@@ -132,9 +152,10 @@ void Machine::LinkLocally(Frame& scope, const Name& name, Slot& link) {
         }
         return;
     }
-    if (!scope.localNames) scope.localNames = new Globals;
-    if (const std::unique_ptr<Global>* known = scope.localNames->Find(name.text, name.hash)) {
-        return link.PutName(**known);
+    if (scope.localNames) {
+        if (const std::unique_ptr<Global>* known = scope.localNames->Find(name.text, name.hash)) {
+            return link.PutName(**known);
+        }
     }
     if (scope.me) {
         const auto& members = scope.me->Class().code.members;
@@ -144,7 +165,7 @@ void Machine::LinkLocally(Frame& scope, const Name& name, Slot& link) {
             if (member.field != ClassCode::Member::kNoField) {
                 return link.PutAlias(scope.me->Fields()[member.field].value);
             }
-            Global& global = *scope.localNames->Add(name.text, name.hash, std::make_unique<Global>());
+            Global& global = EnterName(LocalNames(scope), name.text, name.hash);
             global.kind = Global::Kind::OwnMember;
             global.member = static_cast<DispId>(index);
             return link.PutName(global);
@@ -152,8 +173,14 @@ void Machine::LinkLocally(Frame& scope, const Name& name, Slot& link) {
     }
     LinkGlobally(*scope.space, name, link);
     if (link.IsName() && link.link.global->kind == Global::Kind::Undefined) {
-        link.PutName(*scope.localNames->Add(name.text, name.hash, std::make_unique<Global>()));
+        link.PutName(EnterName(LocalNames(scope), name.text, name.hash));
     }
+}
+
+// About the bytes that a text holds, or that a copy of an array costs when one of the two is written to.
+std::size_t Machine::SizeOf(const Variant& value) noexcept {
+    if (value.IsString()) return value.AsText().size() * sizeof(char16_t);
+    return value.IsArray() ? value.AsArray().size() * sizeof(Variant) : 0;
 }
 
 void Machine::Let(const Instruction& i) {
@@ -161,6 +188,7 @@ void Machine::Let(const Instruction& i) {
     Slot& to = At(i.a);
     if ((i.flags & kFreeB) && from.IsValue() && !from.value.IsObject()) return Write(to, std::move(from.value));
     const Variant& value = Read(from);
+    if (value.IsArray()) Charge(SizeOf(value));
     if (!value.IsObject()) return Write(to, Variant(value));
     Variant inner = DefaultValue(value);
     if (i.flags & kFreeB) from.Clear();
@@ -181,7 +209,9 @@ void Machine::Move(const Instruction& i) {
     if ((i.flags & kFreeB) && from.IsValue()) {
         to.Take(std::move(from.value));
     } else {
-        to.Take(Variant(Read(from)));
+        const Variant& value = Read(from);
+        if (value.IsArray()) Charge(SizeOf(value));
+        to.Take(Variant(value));
     }
 }
 
@@ -190,7 +220,8 @@ void Machine::PassRef(const Instruction& i) {
     Slot& to = At(i.a);
     if (from.IsAlias()) return to.PutAlias(*from.link.variable);
     const Global::Kind kind = from.link.global->kind;
-    if (kind == Global::Kind::Undefined || kind == Global::Kind::Variable) return to.PutAlias(VariableOf(from));
+    if (kind == Global::Kind::Undefined) return PassUndefined(*from.link.global, to);
+    if (kind == Global::Kind::Variable) return to.PutAlias(VariableOf(from));
     to.Take(Variant(ReadName(*from.link.global, nullptr)));
 }
 
@@ -208,6 +239,7 @@ void Machine::PassName(const Instruction& i) {
     Global& global = *link.link.global;
     switch (global.kind) {
         case Global::Kind::Undefined:
+            return PassUndefined(global, to);
         case Global::Kind::Variable:
             return to.PutAlias(VariableOf(link));
         case Global::Kind::Constant:
@@ -238,6 +270,7 @@ void Machine::LoadName(const Instruction& i) {
             return to.Take(Variant(global.value));
         case Global::Kind::Undefined: {
             if (const Global* added = AddedName(mTop->code->names[i.b])) return to.Take(Variant(added->value));
+            if (IsWritten(global)) return to.Take(Variant(global.value));
             if (mTop->code->optionExplicit) RaiseNumber(kUndefinedVariable);
             return to.Take(Variant());
         }

@@ -114,6 +114,7 @@ void Machine::Compare(const Instruction& i) {
 bool Machine::Test(const Instruction& i) {
     Slot& a = At(i.a);
     Slot& b = At(i.b);
+    if (a.IsValue()) Charge(SizeOf(a.value));
     const std::optional<std::weak_ordering> order = a.IsName()
                                                         ? ov::Compare(Variant(Read(a)), Read(b), LiteralSideOf(i))
                                                         : ov::Compare(Read(a), Read(b), LiteralSideOf(i));
@@ -140,6 +141,7 @@ bool Machine::IsTrue(const Instruction& i) {
 void Machine::Concatenate(const Instruction& i) {
     Slot& a = At(i.b);
     Slot& b = At(i.c);
+    if (b.IsValue()) Charge(SizeOf(b.value));
     if (i.a == i.b) {  // s = s & x grows in place
         Variant& variable = VariableOf(a);
         if (variable.IsString()) {
@@ -156,6 +158,7 @@ void Machine::Concatenate(const Instruction& i) {
             return;
         }
     }
+    if (a.IsValue()) Charge(SizeOf(a.value));
     Variant result = a.IsName() ? ov::Concatenate(Variant(Read(a)), Read(b)) : ov::Concatenate(Read(a), Read(b));
     if (i.flags & kFreeB) a.Clear();
     if (i.flags & kFreeC) b.Clear();
@@ -172,6 +175,7 @@ void Machine::ConcatenateAll(const Instruction& i) {
         joined += TextOf(part).view();
     }
     ClearSlots(parts, i.c);
+    Charge(joined.size() * sizeof(char16_t));
     Write(At(i.a), allNull ? Variant::Null() : Variant(std::move(joined)));
 }
 
@@ -186,6 +190,7 @@ void Machine::Append(const Instruction& i) {
         joined += TextOf(part).view();
     }
     ClearSlots(parts, i.c);
+    Charge(joined.size() * sizeof(char16_t));
     if (variable.IsString()) {
         variable.AsText() += joined.view();
     } else {

@@ -8,8 +8,14 @@
 
 namespace ov::vbscript {
 
+namespace {
+
+constexpr std::size_t kMaxLazyProcedures = 16;
+
+}  // namespace
+
 BoundCode::~BoundCode() {
-    if (mLinks) std::erase(space->mLinked, this);
+    if (mLinks) space->ForgetLinked(*this);
 }
 
 Slot* BoundCode::MakeLinks() {
@@ -17,7 +23,7 @@ Slot* BoundCode::MakeLinks() {
     for (std::size_t i = 0; i < code.names.size(); ++i) {
         mLinks[i].PutName(space->Resolve(code.names[i]));
     }
-    space->mLinked.push_back(this);
+    space->NoteLinked(*this);
     return mLinks.get();
 }
 
@@ -38,8 +44,21 @@ Namespace::~Namespace() {
     Clear();
 }
 
-Global& Namespace::Enter(const Text& name, std::uint32_t hash) {
-    return *mGlobals.Add(name, hash, std::make_unique<Global>());
+Global& EnterName(Globals& globals, const Text& name, std::uint32_t hash) {
+    auto global = std::make_unique<Global>();
+    global->memory.Resize(sizeof(Global) + sizeof(Globals::Entry));
+    return *globals.Add(name, hash, std::move(global));
+}
+
+void Namespace::NoteLinked(BoundCode& code) {
+    code.mPosition = mLinked.size();
+    mLinked.push_back(&code);
+}
+
+void Namespace::ForgetLinked(BoundCode& code) noexcept {
+    mLinked[code.mPosition] = mLinked.back();
+    mLinked[code.mPosition]->mPosition = code.mPosition;
+    mLinked.pop_back();
 }
 
 // Forgets what a name stood for.
@@ -78,7 +97,7 @@ void Namespace::Publish(const Text& name, IDispatch* object, bool addMembers) {
 void Namespace::DefineConstant(const Text& name, const Variant& value) {
     const std::uint32_t hash = HashNoCase(name);
     std::unique_ptr<Global>* known = mGlobals.Find(name, hash);
-    Global& global = known ? **known : Enter(name, hash);
+    Global& global = known ? **known : EnterName(mGlobals, name, hash);
     Reset(global, Global::Kind::Constant);
     global.value = value;
 }
@@ -95,13 +114,14 @@ void Namespace::DefineVariable(Global& global, const Declaration& declaration) {
 }
 
 void Namespace::Define(const Ref<Unit>& unit) {
-    if (mGlobals.size() == 0 && unit->HasProceduresOnly()) {
+    // Names that no text has used yet can wait; few of them are found quickly.
+    if (mGlobals.size() == 0 && unit->HasProceduresOnly() && unit->procedures.size() <= kMaxLazyProcedures) {
         mUnits.push_back(unit);
         return;
     }
     const auto enter = [&](const Text& name, std::uint32_t hash) -> Global& {
         std::unique_ptr<Global>* known = mGlobals.Find(name, hash);
-        return known ? **known : Enter(name, hash);
+        return known ? **known : EnterName(mGlobals, name, hash);
     };
     for (const std::unique_ptr<ClassCode>& code : unit->classes) {
         const std::unique_ptr<Global>* known = mGlobals.Find(code->name, code->hash);
@@ -130,7 +150,7 @@ void Namespace::Define(const Ref<Unit>& unit) {
 void Namespace::DefineLocally(const Ref<Unit>& unit, Globals& locals) {
     const auto enter = [&](const Text& name, std::uint32_t hash) -> Global& {
         std::unique_ptr<Global>* known = locals.Find(name, hash);
-        return known ? **known : *locals.Add(name, hash, std::make_unique<Global>());
+        return known ? **known : EnterName(locals, name, hash);
     };
     for (const Unit::NamedConstant& constant : unit->constants) {
         Global& global = enter(constant.name, constant.hash);
@@ -150,7 +170,7 @@ void Namespace::DefineLocally(const Ref<Unit>& unit, Globals& locals) {
     }
     for (const std::unique_ptr<ClassCode>& code : unit->classes) {
         std::unique_ptr<Global>* known = mGlobals.Find(code->name, code->hash);
-        Global& global = known ? **known : Enter(code->name, code->hash);
+        Global& global = known ? **known : EnterName(mGlobals, code->name, code->hash);
         Reset(global, Global::Kind::Class);
         global.boundClass = Ref<BoundClass>::Adopt(new BoundClass(*this, unit, *code));
     }
@@ -158,7 +178,7 @@ void Namespace::DefineLocally(const Ref<Unit>& unit, Globals& locals) {
 
 Global& Namespace::Resolve(const Name& name) {
     if (std::unique_ptr<Global>* known = mGlobals.Find(name.text, name.hash)) return **known;
-    Global& global = Enter(name.text, name.hash);
+    Global& global = EnterName(mGlobals, name.text, name.hash);
     LookUp(name, global);
     return global;
 }
@@ -221,7 +241,7 @@ BoundCode* Namespace::FindProcedure(std::u16string_view name) {
         Ref<Unit> unit;
         const Unit::Procedure* procedure = FindLazily(name, hash, unit);
         if (!procedure) return nullptr;
-        Global& global = Enter(procedure->name, hash);
+        Global& global = EnterName(mGlobals, procedure->name, hash);
         global.kind = Global::Kind::Procedure;
         global.procedure = Ref<BoundCode>::Adopt(new BoundCode(*this, unit, *procedure->code));
         return global.procedure.get();
@@ -238,22 +258,26 @@ ErrObject& Namespace::Err() {
     return *mErr;
 }
 
-void Namespace::ResetAll() {
+void Namespace::ResetVariables() {
     for (std::size_t i = 0; i < mGlobals.size(); ++i) {  // an object's end may run a script that adds names
-        Reset(*mGlobals[i].value, Global::Kind::Undefined);
+        Global& global = *mGlobals[i].value;
+        if (global.kind == Global::Kind::Variable) Reset(global, Global::Kind::Undefined);
     }
 }
 
 void Namespace::Clear() noexcept {
-    const std::vector<Published> published = std::exchange(mPublished, {});
-    const std::vector<Ref<Unit>> units = std::exchange(mUnits, {});
-    ResetAll();
+    // Objects end while the names that their last script uses still stand for something.
+    ResetVariables();
     // What is left are objects that hold each other, those that a host keeps, and those that the end of others made.
     while (mInstances) {
         const Ref<Instance> instance = mInstances;
         instance->Abandon();
     }
-    ResetAll();
+    const std::vector<Published> published = std::exchange(mPublished, {});
+    const std::vector<Ref<Unit>> units = std::exchange(mUnits, {});
+    for (std::size_t i = 0; i < mGlobals.size(); ++i) {
+        Reset(*mGlobals[i].value, Global::Kind::Undefined);
+    }
     mErr = nullptr;
 }
 

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "platform/automation/dispatch.h"
+#include "platform/automation/memory_account.h"
 #include "platform/script/vbscript/code.h"
 #include "platform/script/vbscript/err_object.h"
 
@@ -32,10 +33,13 @@ public:
     Namespace* const space;
 
 private:
+    friend class Namespace;
+
     Slot* MakeLinks();
 
     Ref<Unit> mUnit;
     std::unique_ptr<Slot[]> mLinks;
+    std::size_t mPosition = 0;  // among the linked ones of the namespace
 };
 
 /// A script's class in one engine.
@@ -76,10 +80,14 @@ struct Global {
     const Builtin* builtin = nullptr;
     Ref<BoundCode> procedure;
     Ref<BoundClass> boundClass;
+    MemoryAccount::Share memory;
 };
 
 /// Global names that are made one by one; each keeps its place.
 using Globals = NameMap<Text, std::unique_ptr<Global>>;
+
+/// Enters a name that stands for nothing yet. @pre it is not there
+Global& EnterName(Globals& globals, const Text& name, std::uint32_t hash);
 
 /// The global names of one engine, with what they stand for. Objects and procedures of scripts hold it, so it may
 /// outlive its engine; Clear has taken everything out of it then.
@@ -121,9 +129,10 @@ private:
         bool addMembers;
     };
 
-    Global& Enter(const Text& name, std::uint32_t hash);
+    void NoteLinked(BoundCode& code);
+    void ForgetLinked(BoundCode& code) noexcept;
     void Reset(Global& global, Global::Kind kind);
-    void ResetAll();
+    void ResetVariables();
     bool LookUp(const Name& name, Global& global);
     const Unit::Procedure* FindLazily(std::u16string_view name, std::uint32_t hash, Ref<Unit>& unit) const noexcept;
     void DefineVariable(Global& global, const Declaration& declaration);

@@ -108,6 +108,7 @@ private:
     Class* ParseClass();
     void ParseClassMember(std::vector<Variable>& fields, std::vector<Procedure*>& procedures);
     void CheckClass(const Class& parsed) const;
+    void CheckSameProperty(const Procedure* known, const Procedure& other) const;
 
     template <class T>
     std::span<T> Keep(const std::vector<T>& items) {

@@ -2,6 +2,8 @@
 
 #include "platform/automation/conversions.h"
 #include "platform/automation/text.h"
+#include "platform/script/vbscript/limits.h"
+#include "platform/script/vbscript/name_map.h"
 #include "platform/script/vbscript/parser.h"
 
 namespace ov::vbscript {
@@ -215,6 +217,7 @@ std::span<Parameter> Parser::ParseParameters() {
         parameter.position = Current().position;
         parameter.name = ExpectName();
         if (Accept(TokenKind::OpenBracket)) Expect(TokenKind::CloseBracket, CompileError::ExpectedCloseBracket);
+        if (parameters.size() >= kMaxParameters) Fail(CompileError::OutOfMemory, parameter.position);
         for (const Parameter& other : parameters) {
             if (SameName(other.name, parameter.name)) Fail(CompileError::NameRedefined, parameter.position);
         }
@@ -285,41 +288,45 @@ void Parser::ParseClassMember(std::vector<Variable>& fields, std::vector<Procedu
 }
 
 void Parser::CheckClass(const Class& parsed) const {
-    for (std::size_t i = 0; i < parsed.fields.size(); ++i) {
-        for (std::size_t k = 0; k < i; ++k) {
-            if (SameName(parsed.fields[k].name, parsed.fields[i].name)) {
-                Fail(CompileError::NameRedefined, parsed.fields[i].position);
-            }
-        }
+    // Under each name a field, or a procedure, or the first of a property's procedures.
+    NameMap<std::u16string_view, const Procedure*> members;
+    for (const Variable& field : parsed.fields) {
+        if (members.Find(field.name.text, field.name.hash)) Fail(CompileError::NameRedefined, field.position);
+        members.Add(field.name.text, field.name.hash, nullptr);
     }
+    NameMap<std::u16string_view, unsigned> kinds;
     bool hasDefault = false;
-    for (std::size_t i = 0; i < parsed.procedures.size(); ++i) {
-        const Procedure& procedure = *parsed.procedures[i];
-        for (const Variable& field : parsed.fields) {
-            if (SameName(field.name, procedure.name)) Fail(CompileError::NameRedefined, procedure.position);
+    for (const Procedure* procedure : parsed.procedures) {
+        const Identifier& name = procedure->name;
+        const unsigned kind = 1u << static_cast<unsigned>(procedure->kind);
+        if (const Procedure* const* known = members.Find(name.text, name.hash)) {
+            CheckSameProperty(*known, *procedure);
+            unsigned& knownKinds = *kinds.Find(name.text, name.hash);
+            if (knownKinds & kind) Fail(CompileError::NameRedefined, procedure->position);
+            knownKinds |= kind;
+        } else {
+            members.Add(name.text, name.hash, procedure);
+            kinds.Add(name.text, name.hash, kind);
         }
-        for (std::size_t k = 0; k < i; ++k) {
-            const Procedure& other = *parsed.procedures[k];
-            if (!SameName(other.name, procedure.name)) continue;
-            const bool bothProperties = other.kind >= ProcedureKind::Get && procedure.kind >= ProcedureKind::Get;
-            if (!bothProperties || other.kind == procedure.kind) {
-                Fail(CompileError::NameRedefined, procedure.position);
-            }
-            const auto indexes = [](const Procedure& property) {
-                return property.parameters.size() - (property.kind == ProcedureKind::Get ? 0 : 1);
-            };
-            if (indexes(other) != indexes(procedure)) Fail(CompileError::InconsistentArguments, procedure.position);
+        if (procedure->isDefault && std::exchange(hasDefault, true)) {
+            Fail(CompileError::MultipleDefaults, procedure->position);
         }
-        if (procedure.isDefault && std::exchange(hasDefault, true)) {
-            Fail(CompileError::MultipleDefaults, procedure.position);
-        }
-        const bool isLifetime =
-            procedure.kind == ProcedureKind::Sub && (EqualNoCase(procedure.name.text, u"Class_Initialize") ||
-                                                     EqualNoCase(procedure.name.text, u"Class_Terminate"));
-        if (isLifetime && !procedure.parameters.empty()) {
-            Fail(CompileError::InitializeHasArguments, procedure.position);
+        const bool isLifetime = procedure->kind == ProcedureKind::Sub && (EqualNoCase(name.text, u"Class_Initialize") ||
+                                                                          EqualNoCase(name.text, u"Class_Terminate"));
+        if (isLifetime && !procedure->parameters.empty()) {
+            Fail(CompileError::InitializeHasArguments, procedure->position);
         }
     }
+}
+
+// Two members of one name have to be procedures of one property, with the same indexes.
+void Parser::CheckSameProperty(const Procedure* known, const Procedure& other) const {
+    const auto isProperty = [](const Procedure& procedure) { return procedure.kind >= ProcedureKind::Get; };
+    if (!known || !isProperty(*known) || !isProperty(other)) Fail(CompileError::NameRedefined, other.position);
+    const auto indexes = [](const Procedure& property) {
+        return property.parameters.size() - (property.kind == ProcedureKind::Get ? 0 : 1);
+    };
+    if (indexes(*known) != indexes(other)) Fail(CompileError::InconsistentArguments, other.position);
 }
 
 }  // namespace ov::vbscript

@@ -301,6 +301,7 @@ Statement* Parser::ParseSelect() {
             items.push_back(ParseExpression());
             if (!Accept(TokenKind::Comma)) break;
         }
+        if (Is(TokenKind::To)) FailHere(CompileError::ExpectedEndOfStatement);
         clause.items = Keep(items);
         clause.body = ParseBlock();
         if (isElse) break;

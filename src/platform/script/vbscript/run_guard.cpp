@@ -46,8 +46,8 @@ RunGuard::~RunGuard() {
     sDeadline = mOuterDeadline;
 }
 
-void RunGuard::CheckTime() {
-    if (sDeadline != 0 && Milliseconds() > sDeadline) throw ScriptTimeout();
+bool RunGuard::IsTimeOver() noexcept {
+    return sDeadline != 0 && Milliseconds() > sDeadline;
 }
 
 }  // namespace ov::vbscript

@@ -30,8 +30,12 @@ public:
 
     /// True while a script runs.
     static bool IsActive() noexcept { return sDepth != 0; }
-    /// @throws ScriptTimeout
-    static void CheckTime();
+    /// True if the running script's time is over.
+    static bool IsTimeOver() noexcept;
+    /// @throws ScriptTimeout if it is
+    static void CheckTime() {
+        if (IsTimeOver()) throw ScriptTimeout();
+    }
 
 private:
     static inline int sDepth = 0;

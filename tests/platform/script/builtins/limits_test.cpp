@@ -121,6 +121,42 @@ TEST(BuiltinLimits, MatchesAreAccounted) {
     EXPECT_EQ(Outcome(context, u"", text), "error 7");
 }
 
+TEST(BuiltinLimits, ObjectsAreAccounted) {
+    TestContext context;
+    std::vector<Ref<IDispatch>> kept;
+    const MemoryAccount::Limit limit(1'000'000);
+    const auto keepMany = [&](auto make) {
+        kept.clear();
+        try {
+            for (int i = 0; i < 100'000; ++i) {
+                kept.push_back(make());
+            }
+        } catch (const RuntimeError& error) {
+            return error.number();
+        }
+        return std::int32_t{0};
+    };
+    EXPECT_EQ(keepMany([&] { return NewBuiltinObject(u"RegExp", context); }), 7);
+    EXPECT_EQ(keepMany([&] {
+                  const Ref<IRegExp> regex = MakeRegExp(context.LinkHere());
+                  regex->let_Pattern(u"(a|b){1,50}");
+                  regex->Test(u"a");
+                  return regex;
+              }),
+              7);
+    EXPECT_LT(kept.size(), 1000u);  // the compiled expressions count, too
+    kept.clear();
+    const Ref<IRegExp> regex = MakeRegExp(context.LinkHere());
+    EXPECT_EQ(keepMany([&] { return regex->Execute(u"a"); }), 7);
+    kept.clear();
+    const Ref<IMatches> matches = regex->Execute(u"a");
+    EXPECT_EQ(keepMany([&] { return matches->Item(0); }), 7);
+    EXPECT_EQ(keepMany([&] { return matches->Item(0)->SubMatches(); }), 7);
+    EXPECT_EQ(keepMany([&] { return matches->NewEnum(); }), 7);
+    kept.clear();
+    EXPECT_TRUE(regex->Test(u"a"));
+}
+
 TEST(BuiltinLimits, WhatWasTakenIsReturned) {
     const Text text = Long(100'000, u',');
     const MemoryAccount::Limit limit(8'000'000);

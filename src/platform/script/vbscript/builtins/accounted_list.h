@@ -16,11 +16,6 @@ namespace ov::vbscript {
 template <class T>
 class AccountedList {
 public:
-    AccountedList() = default;
-    AccountedList(const AccountedList&) = delete;
-    AccountedList& operator=(const AccountedList&) = delete;
-    ~AccountedList() { MemoryAccount::Return(mTaken); }
-
     /// @throws RuntimeError 7 where the account is exhausted
     void Append(T item) {
         if (mItems.size() == mItems.capacity()) Grow();
@@ -28,8 +23,8 @@ public:
     }
     const std::vector<T>& Items() const noexcept { return mItems; }
     /// The items, no longer accounted.
-    std::vector<T> TakeItems() noexcept {
-        MemoryAccount::Return(std::exchange(mTaken, 0));
+    std::vector<T> TakeItems() {
+        mMemory.Resize(0);
         return std::move(mItems);
     }
 
@@ -38,14 +33,12 @@ private:
         constexpr std::size_t kMost = std::numeric_limits<std::int32_t>::max();  // what an array's bounds can tell
         const std::size_t capacity = std::max<std::size_t>(16, mItems.capacity() * 2);
         if (capacity > kMost) Raise(ErrorNumber::OutOfMemory);
-        const std::size_t bytes = (capacity - mItems.capacity()) * sizeof(T);
-        MemoryAccount::Take(bytes);
-        mTaken += bytes;
+        mMemory.Resize(capacity * sizeof(T));
         mItems.reserve(capacity);
     }
 
     std::vector<T> mItems;
-    std::size_t mTaken = 0;
+    MemoryAccount::Share mMemory;
 };
 
 }  // namespace ov::vbscript

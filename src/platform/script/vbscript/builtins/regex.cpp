@@ -86,6 +86,9 @@ Regex::Regex(std::u16string_view pattern, RegexFlags flags) {
     std::uint32_t groups = 0;
     pcre2_pattern_info_16(mCode.get(), PCRE2_INFO_CAPTURECOUNT, &groups);
     mGroupCount = groups;
+    std::size_t size = 0;
+    pcre2_pattern_info_16(mCode.get(), PCRE2_INFO_SIZE, &size);
+    mMemory.Resize(sizeof(Regex) + size);
 }
 
 RegexSearch::RegexSearch(std::shared_ptr<const Regex> regex, Text text, BuiltinContext::Link link)

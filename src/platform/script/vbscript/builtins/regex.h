@@ -9,6 +9,7 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/automation/memory_account.h"
 #include "platform/automation/text.h"
 #include "platform/script/vbscript/builtins.h"
 #include "platform/script/vbscript/builtins/regex_syntax.h"
@@ -24,7 +25,7 @@ namespace ov::vbscript {
 class Regex {
 public:
     /// @throws RuntimeError 5017 to 5021 for an error in the pattern's syntax; 7 or 28 for one that is too large or too
-    /// deep
+    /// deep, 7 where the script's memory is exhausted
     Regex(std::u16string_view pattern, RegexFlags flags);
 
     /// Number of capturing groups.
@@ -38,6 +39,7 @@ private:
 
     std::unique_ptr<pcre2_real_code_16, Free> mCode;
     std::size_t mGroupCount = 0;
+    MemoryAccount::Share mMemory;
 };
 
 /// Where a match or a group lies in a text.

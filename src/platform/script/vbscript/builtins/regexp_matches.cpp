@@ -45,6 +45,7 @@ namespace {
 class MatchList {
 public:
     MatchList(RegexSearch& search, bool all) : mText(search.Subject()), mRangesOfMatch(search.Ranges().size()) {
+        mMemory.Resize(sizeof(MatchList));
         while (search.Next()) {
             for (const TextRange& range : search.Ranges()) {
                 mRanges.Append(range);
@@ -64,6 +65,7 @@ private:
     Text mText;
     std::size_t mRangesOfMatch;
     AccountedList<TextRange> mRanges;
+    MemoryAccount::Share mMemory;
 };
 
 using SharedList = std::shared_ptr<const MatchList>;
@@ -77,7 +79,9 @@ class SubMatches final : public Object<SubMatches, Facet<ISubMatches>> {
 public:
     static constexpr const char* kClassName = ISubMatches::kName;
 
-    SubMatches(SharedList list, std::size_t match) : mList(std::move(list)), mMatch(match) {}
+    SubMatches(SharedList list, std::size_t match) : mList(std::move(list)), mMatch(match) {
+        mMemory.Resize(sizeof(SubMatches));
+    }
 
     std::int32_t Count() override { return static_cast<std::int32_t>(Groups().size()); }
     Variant Item(std::int32_t index) override {
@@ -97,13 +101,14 @@ private:
 
     SharedList mList;
     std::size_t mMatch;
+    MemoryAccount::Share mMemory;
 };
 
 class Match final : public Object<Match, Facet<IMatch>> {
 public:
     static constexpr const char* kClassName = IMatch::kName;
 
-    Match(SharedList list, std::size_t match) : mList(std::move(list)), mMatch(match) {}
+    Match(SharedList list, std::size_t match) : mList(std::move(list)), mMatch(match) { mMemory.Resize(sizeof(Match)); }
 
     Text Value() override { return Whole().Of(mList->Subject()); }
     std::int32_t FirstIndex() override { return static_cast<std::int32_t>(Whole().begin); }
@@ -115,6 +120,7 @@ private:
 
     SharedList mList;
     std::size_t mMatch;
+    MemoryAccount::Share mMemory;
 };
 
 /// Makes the objects as they are asked for: a long text may have very many matches.
@@ -122,7 +128,7 @@ class MatchEnumerator final : public Object<MatchEnumerator, Facet<IEnumVariant>
 public:
     static constexpr const char* kClassName = "Enumerator";
 
-    explicit MatchEnumerator(SharedList list) : mList(std::move(list)) {}
+    explicit MatchEnumerator(SharedList list) : mList(std::move(list)) { mMemory.Resize(sizeof(MatchEnumerator)); }
 
     bool Next(Variant& item) override {
         if (mNext == mList->Count()) return false;
@@ -134,13 +140,14 @@ public:
 private:
     SharedList mList;
     std::size_t mNext = 0;
+    MemoryAccount::Share mMemory;
 };
 
 class Matches final : public Object<Matches, Facet<IMatches>> {
 public:
     static constexpr const char* kClassName = IMatches::kName;
 
-    explicit Matches(SharedList list) : mList(std::move(list)) {}
+    explicit Matches(SharedList list) : mList(std::move(list)) { mMemory.Resize(sizeof(Matches)); }
 
     std::int32_t Count() override { return static_cast<std::int32_t>(mList->Count()); }
     Ref<IMatch> Item(std::int32_t index) override {
@@ -150,6 +157,7 @@ public:
 
 private:
     SharedList mList;
+    MemoryAccount::Share mMemory;
 };
 
 }  // namespace

@@ -31,7 +31,7 @@ class RegExp final : public Object<RegExp, Facet<IRegExp>> {
 public:
     static constexpr const char* kClassName = IRegExp::kName;
 
-    explicit RegExp(BuiltinContext::Link link) : mLink(std::move(link)) {}
+    explicit RegExp(BuiltinContext::Link link) : mLink(std::move(link)) { mMemory.Resize(sizeof(RegExp)); }
 
     Text get_Pattern() override { return mPattern; }
     void let_Pattern(const Text& pattern) override {
@@ -86,6 +86,7 @@ private:
     RegexFlags mFlags;
     bool mGlobal = false;
     std::shared_ptr<const Regex> mRegex;  // of the pattern, once it was needed
+    MemoryAccount::Share mMemory;
 };
 
 }  // namespace

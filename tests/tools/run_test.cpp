@@ -34,7 +34,7 @@ protected:
         return RunScript(
                    "Set m = CreateObject(\"OV_Model.CBase_Module\")\nm.SetSourcePath WScript.Arguments(0)\n"
                    "If Not m.Load(\"TT200 HART\", \"id\") Then WScript.Quit 9\nm.SetLanguage 9\n" +
-                       code,
+                       code + "\nm.Unload",  // a tree is a ring of references that nothing else ends
                    Sample())
             .text;
     }

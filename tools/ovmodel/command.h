@@ -32,6 +32,15 @@ void AddConvertCommand(CLI::App& app, int& status);
 void AddTablesCommand(CLI::App& app);
 void AddImageCommand(CLI::App& app);
 
+/// Unloads at its end all modules that were opened: a tree is a ring of references that nothing else ends.
+class UnloadAtEnd {
+public:
+    UnloadAtEnd() = default;
+    ~UnloadAtEnd();
+    UnloadAtEnd(const UnloadAtEnd&) = delete;
+    UnloadAtEnd& operator=(const UnloadAtEnd&) = delete;
+};
+
 /// A module on the descriptor @p database. @throws Failure with the reason if it cannot be opened
 ov::Ref<ov::Module> OpenDescriptor(const std::string& database);
 

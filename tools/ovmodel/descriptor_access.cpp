@@ -36,7 +36,18 @@ std::size_t EditDistance(const std::string& a, const std::string& b) {
     return row.back();
 }
 
+std::vector<ov::Ref<ov::Module>>& OpenedModules() {
+    static std::vector<ov::Ref<ov::Module>> modules;
+    return modules;
+}
+
 }  // namespace
+
+UnloadAtEnd::~UnloadAtEnd() {
+    for (const ov::Ref<ov::Module>& module : std::exchange(OpenedModules(), {})) {
+        module->Unload();
+    }
+}
 
 std::string ClosestName(const std::string& name, const std::vector<std::string>& names) {
     std::string closest;
@@ -56,6 +67,7 @@ ov::Ref<ov::Module> OpenDescriptor(const std::string& database) {
     const Text reason = ov::ReasonOfFailedOpen(Text::FromUtf8(path));
     if (!reason.empty()) throw Failure(reason.ToUtf8());
     ov::Ref<ov::Module> module = ov::MakeObject<ov::Module>();
+    OpenedModules().push_back(module);
     module->SetSourcePath(Text::FromUtf8(path));
     if (!module->Types()) throw Failure("'" + database + "' is no descriptor: it has no table 'ModuleTypes'");
     return module;

@@ -58,6 +58,7 @@ int main(int argc, char** argv) {
     app.set_version_flag("--version", "ovmodel " OV_MODEL_VERSION);
     ovmodel::CommandLine line = ovmodel::SplitCommandLine(argc, argv);
     int status = 0;
+    const ovmodel::UnloadAtEnd unload;
     try {
         AddGlobalOptions(app);
         ovmodel::AddTypesCommand(app);

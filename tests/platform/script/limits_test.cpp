@@ -59,21 +59,6 @@ TEST_F(ScriptLimits, TimeEndsLoops) {
         u"End Class\nSet t1 = New T: Set t1 = Nothing: Do: Loop");
 }
 
-// The end of an object that makes another one, outside any call.
-TEST_F(ScriptLimits, TimeEndsEndlessEnds) {
-    const Clock::time_point begin = Clock::now();
-    {
-        ScriptControl control;
-        control.SetTimeout(50);
-        control.AddCode(
-            u"Class T: Private Sub Class_Terminate: Set y = New T: End Sub: End Class\n"
-            u"Function Make: Set Make = New T: End Function\nSet a = New T: Set b = New T");
-        Arguments none;
-        control.CallProcedure(u"Make", none);
-    }
-    EXPECT_LT(Clock::now() - begin, std::chrono::seconds(5));
-}
-
 TEST_F(ScriptLimits, TimeEndsWorkOnBigValues) {
     ExpectTimeout(u"s = String(5000000, \"a\"): Do: t = s & \"b\": Loop");
     ExpectTimeout(u"s = String(5000000, \"a\"): t = s & \"b\": u = s & \"b\": Do: x = (t = u): Loop");

@@ -73,7 +73,6 @@ void ProcedureCompiler::DeclareNames() {
     };
     noteWritten(mProcedure.assigned);
     noteWritten(mProcedure.passed);
-    noteWritten(mProcedure.indexed);
     if (mProcedure.usesExecute) mCode->written = ~std::uint64_t{0};
 }
 

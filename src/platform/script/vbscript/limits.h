@@ -22,7 +22,7 @@ inline constexpr int kMaxNestedRuns = 200;                   ///< runs inside ea
 inline constexpr std::size_t kMaxMemory = std::size_t{256} * 1024 * 1024;  ///< bytes of growth in one outermost call
 
 // The cache of compiled texts.
-inline constexpr std::size_t kMaxCachedUnits = 65536;
-inline constexpr std::size_t kMaxCachedBytes = std::size_t{64} * 1024 * 1024;
+inline constexpr std::size_t kMaxCachedUnits = 8192;
+inline constexpr std::size_t kMaxCachedBytes = std::size_t{32} * 1024 * 1024;
 
 }  // namespace ov::vbscript

@@ -206,6 +206,54 @@ TEST_F(ScriptControlTest, GivesObjectsThatHostsCall) {
     EXPECT_EQ(square.AsObject()->Invoke(kDispIdValue, CallKind::Call, call).AsLong(), 9);
 }
 
+TEST_F(ScriptControlTest, GivesFieldsOfObjectsToHosts) {
+    mControl.AddCode(
+        u"Class Bag: Public List, Dict, Other\n"
+        u"Private Sub Class_Initialize: List = Array(1, 2, 3): Set Dict = D: End Sub: End Class");
+    mControl.AddObject(u"D", MakeObject<Dictionary>()->Dispatch(), false);
+    const Variant bag = mControl.Eval(u"New Bag");
+    const auto use = [&](std::u16string_view name, CallKind kind, std::vector<Variant> values) {
+        return CallByName(bag.AsObject(), name, kind, values);
+    };
+    use(u"List", CallKind::Let, {Variant(std::int32_t{1}), Variant(u"one")});
+    EXPECT_EQ(use(u"List", CallKind::Get, {Variant(std::int32_t{1})}).AsText(), u"one");
+    use(u"Dict", CallKind::Let, {Variant(u"key"), Variant(u"item")});
+    EXPECT_EQ(use(u"Dict", CallKind::Get, {Variant(u"key")}).AsText(), u"item");
+    EXPECT_EQ(ErrorOf([&] { use(u"Other", CallKind::Get, {Variant(std::int32_t{1})}); }), 13);
+    EXPECT_EQ(ErrorOf([&] { use(u"List", CallKind::Let, {}); }), 450);
+    EXPECT_EQ(ErrorOf([&] { use(u"List", CallKind::Get, {Variant(std::int32_t{9})}); }), 9);
+}
+
+TEST_F(ScriptControlTest, WritesArraysOfBytes) {
+    mControl.AddConstant(u"kBytes", Variant(Array::OfBytes({1, 2, 3})));
+    mControl.ExecuteStatement(u"b = kBytes: b(0) = 200: b(1) = b(0) + 5");
+    EXPECT_EQ(mControl.Eval(u"TypeName(b(1)) & b(1) & TypeName(b(0) + 100) & kBytes(0)").AsText(), u"Byte205Integer1");
+    EXPECT_EQ(ErrorOf([&] { mControl.ExecuteStatement(u"b(0) = 256"); }), 6);
+    mControl.ExecuteStatement(u"Sub Inc(x): x = x + 1: End Sub: Inc b(2): c = Array(b, 0): c(0)(1) = 7");
+    EXPECT_EQ(mControl.Eval(u"b(2) & c(0)(1)").AsText(), u"47");
+}
+
+// A name that one text takes for a variable is a procedure, or an object, of another.
+TEST_F(ScriptControlTest, KnowsWhatANameIsOnlyWhenItIsUsed) {
+    mControl.AddCode(u"Function F: F = 5: End Function: Sub Show(x): Echo x: End Sub");
+    mControl.ExecuteStatement(
+        u"If False Then F = 1: Set Probe = Nothing: Err = 1: Now = 1\n"
+        u"Echo F + 1, F & \"x\", F > 4, Probe.Name, Now > 0\nShow F: Show Err + 0: a = F: Echo a");
+    EXPECT_THAT(mHost->lines, ElementsAre("6 5x True probe True", "5", "0", "5"));
+    EXPECT_EQ(ErrorOf([&] { mControl.ExecuteStatement(u"F = 1"); }), 501);
+    EXPECT_EQ(ErrorOf([&] { mControl.ExecuteStatement(u"Len = 1"); }), 501);
+}
+
+TEST_F(ScriptControlTest, RemembersManyTexts) {
+    ScriptControl control;
+    Variant last;
+    for (int i = 0; i < 70'000; ++i) {
+        last = control.Eval(Text::FromInteger(i) + u" + 1");
+    }
+    EXPECT_EQ(ToLong(last), 70'000);
+    EXPECT_EQ(ToLong(control.Eval(u"0 + 1")), 1);
+}
+
 TEST_F(ScriptControlTest, ForgetsEverythingAtReset) {
     const std::size_t before = LivingObjects::Count();
     mControl.AddCode(

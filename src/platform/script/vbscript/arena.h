@@ -12,7 +12,8 @@
 
 namespace ov::vbscript {
 
-/// Hands out memory for objects that need no destructor. The first block stays for the next use after Clear.
+/// Hands out memory for objects that need no destructor. The first block, if it is none of more than the common size,
+/// stays for the next use after Clear.
 class Arena {
 public:
     template <class T, class... Args>
@@ -33,6 +34,7 @@ public:
 
     void Clear() noexcept {
         if (mBlocks.size() > 1) mBlocks.resize(1);
+        if (!mBlocks.empty() && mBlocks.front().size > kBlockSize) mBlocks.clear();
         mUsed = 0;
     }
 

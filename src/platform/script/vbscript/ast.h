@@ -120,6 +120,7 @@ struct Procedure {
     std::span<Constant> constants;
     std::span<Identifier> assigned;     ///< every name that a statement writes to
     std::span<Identifier> passed;       ///< every name that is an argument by itself
+    std::span<Identifier> indexed;      ///< every name of which an element is written
     std::span<Identifier> dimensioned;  ///< every name of a ReDim, which declares what nothing else does
     Block body;
     Position end;

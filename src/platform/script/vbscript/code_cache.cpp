@@ -20,8 +20,9 @@ struct Key {
     friend bool operator==(const Key&, const Key&) = default;
 };
 
+// Not noexcept, which makes the map keep the hashes: it need not look at the texts that it passes then.
 struct HashKey {
-    std::size_t operator()(const Key& key) const noexcept {
+    std::size_t operator()(const Key& key) const {
         return std::hash<std::u16string_view>()(key.source) ^ (key.isExpression ? 1 : 0);
     }
 };

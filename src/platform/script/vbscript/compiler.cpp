@@ -160,7 +160,12 @@ Ref<Unit> CompileText(std::u16string_view source, bool isExpression) {
     // Kept between texts for their memory. A compilation causes no other one.
     static Lexer lexer;
     static Arena arena;
-    arena.Clear();
+    struct Cleaner {
+        ~Cleaner() {
+            lexer.Clear();
+            arena.Clear();
+        }
+    } const cleaner;
     lexer.Run(source);
     Parser parser(arena, lexer.Tokens(), lexer.Literals());
     const Program program = isExpression ? parser.ParseExpressionText() : parser.ParseProgram();

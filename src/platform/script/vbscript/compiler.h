@@ -162,6 +162,7 @@ private:
     // Statements.
     void Statements(Block block);
     void CompileStatement(const Statement& statement);
+    Operand Target(const Expression& target, CompileError otherwise);
     void If(const Statement& statement);
     void Select(const Statement& statement);
     void For(const Statement& statement);

@@ -42,8 +42,7 @@ void ProcedureCompiler::AssignName(const Expression& target, const Expression& v
     switch (meaning.kind) {
         case Meaning::Kind::Variable:
             return AssignVariable(meaning.operand, value, isSet);
-        case Meaning::Kind::Open:
-            return AssignVariable(Slot(meaning.slot), value, isSet);
+        case Meaning::Kind::Open:  // which no statement writes to by its bare name
         case Meaning::Kind::Global:
             return AssignVariable(NameOperand(target.name), value, isSet);
         case Meaning::Kind::ClassMember:

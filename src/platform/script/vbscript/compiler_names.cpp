@@ -48,12 +48,7 @@ void ProcedureCompiler::DeclareNames() {
     if (mProcedure.kind == ProcedureKind::Function || mProcedure.kind == ProcedureKind::Get) {
         mCode->hasResult = true;
         mCode->result = static_cast<std::uint16_t>(mTop);
-        // A parameter may have the function's name; the result cannot be reached then.
-        if (mLocals.Find(mProcedure.name.text, mProcedure.name.hash)) {
-            NewTemps(1);
-        } else {
-            DeclareLocal(mProcedure.name, Local::Kind::Variable, mProcedure.position);
-        }
+        DeclareLocal(mProcedure.name, Local::Kind::Variable, mProcedure.position);
     }
     for (const Constant& constant : mProcedure.constants) {
         if (mLocals.Find(constant.name.text, constant.name.hash)) Fail(CompileError::NameRedefined, constant.position);
@@ -73,6 +68,7 @@ void ProcedureCompiler::DeclareNames() {
     };
     noteWritten(mProcedure.assigned);
     noteWritten(mProcedure.passed);
+    noteWritten(mProcedure.indexed);
     if (mProcedure.usesExecute) mCode->written = ~std::uint64_t{0};
 }
 

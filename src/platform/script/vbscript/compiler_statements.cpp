@@ -105,15 +105,17 @@ void ProcedureCompiler::Select(const Statement& statement) {
     PutMark(statement.end);
 }
 
+// The variable that a statement writes to by its bare name. Such a name is never an open one.
+Operand ProcedureCompiler::Target(const Expression& target, CompileError otherwise) {
+    const Meaning meaning = Find(target.name);
+    if (meaning.kind == Meaning::Kind::Variable) return meaning.operand;
+    if (meaning.kind != Meaning::Kind::Global) Fail(otherwise, target.position);
+    return NameOperand(target.name);
+}
+
 void ProcedureCompiler::For(const Statement& statement) {
     const std::size_t base = mTop;
-    const Meaning meaning = Find(statement.target->name);
-    if (meaning.kind == Meaning::Kind::ClassMember || meaning.kind == Meaning::Kind::Constant) {
-        Fail(CompileError::InvalidForVariable, statement.target->position);
-    }
-    const Operand variable = meaning.kind == Meaning::Kind::Variable ? meaning.operand
-                             : meaning.kind == Meaning::Kind::Open   ? Slot(meaning.slot)
-                                                                     : NameOperand(statement.target->name);
+    const Operand variable = Target(*statement.target, CompileError::InvalidForVariable);
     // Two slots control the loop; empty ones tell ForNext that the start failed. Behind them come, for the start alone,
     // the three values.
     const auto control = static_cast<std::uint16_t>(mTop);
@@ -143,13 +145,7 @@ void ProcedureCompiler::For(const Statement& statement) {
 
 void ProcedureCompiler::ForEach(const Statement& statement) {
     const std::size_t base = mTop;
-    const Meaning meaning = Find(statement.target->name);
-    if (meaning.kind == Meaning::Kind::ClassMember || meaning.kind == Meaning::Kind::Constant) {
-        Fail(CompileError::InvalidForVariable, statement.target->position);
-    }
-    const Operand variable = meaning.kind == Meaning::Kind::Variable ? meaning.operand
-                             : meaning.kind == Meaning::Kind::Open   ? Slot(meaning.slot)
-                                                                     : NameOperand(statement.target->name);
+    const Operand variable = Target(*statement.target, CompileError::InvalidForVariable);
     const auto control = static_cast<std::uint16_t>(mTop);
     NewTemps(2);
     Emit(Opcode::Clear, control, 2);
@@ -237,21 +233,7 @@ void ProcedureCompiler::ReDim(const Statement& statement) {
     for (const Expression* item : statement.items) {
         const std::size_t base = mTop;
         PutMark(item->position);
-        const Meaning meaning = Find(item->left->name);
-        Operand variable;
-        switch (meaning.kind) {
-            case Meaning::Kind::Variable:
-                variable = meaning.operand;
-                break;
-            case Meaning::Kind::Open:
-                variable = Slot(meaning.slot);
-                break;
-            case Meaning::Kind::Global:
-                variable = NameOperand(item->left->name);
-                break;
-            default:
-                Fail(CompileError::NameRedefined, item->position);
-        }
+        const Operand variable = Target(*item->left, CompileError::NameRedefined);
         const auto window = static_cast<std::uint16_t>(mTop);
         for (const Expression* bound : item->arguments) {
             ToTemp(*bound, NewTemp());

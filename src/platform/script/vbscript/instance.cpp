@@ -4,6 +4,7 @@
 
 #include "platform/automation/errors.h"
 #include "platform/script/vbscript/machine.h"
+#include "platform/script/vbscript/run_guard.h"
 
 namespace ov::vbscript {
 
@@ -51,6 +52,7 @@ std::uint32_t Instance::Release() noexcept {
         gFirstDying = this;
         return 0;
     }
+    const EndGuard guard(mSpace->timeout);
     ++gNestedEnds;
     End();
     --gNestedEnds;

@@ -12,6 +12,8 @@ namespace ov::vbscript {
 
 namespace {
 
+constexpr std::size_t kMaxKeptTokens = 16 * 1024;
+
 bool IsDigit(char16_t c) noexcept {
     return c >= u'0' && c <= u'9';
 }
@@ -43,6 +45,7 @@ int DigitValue(char16_t c) noexcept {
 }  // namespace
 
 void Lexer::Clear() noexcept {
+    if (mTokens.capacity() > kMaxKeptTokens) mTokens = {};
     mTokens.clear();
     mLiterals.clear();
 }

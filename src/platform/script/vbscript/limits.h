@@ -8,9 +8,10 @@
 namespace ov::vbscript {
 
 // Source texts.
-inline constexpr std::size_t kMaxSourceLength = std::size_t{4} * 1024 * 1024;  ///< characters
-inline constexpr std::size_t kMaxNameLength = 255;                             ///< characters
-inline constexpr int kMaxNesting = 200;  ///< brackets, member chains and blocks inside each other
+inline constexpr std::size_t kMaxSourceLength =
+    1024 * 1024;                                    ///< characters; compiling takes some 100 times as many bytes
+inline constexpr std::size_t kMaxNameLength = 255;  ///< characters
+inline constexpr int kMaxNesting = 200;             ///< brackets, member chains and blocks inside each other
 inline constexpr std::size_t kMaxParameters = 255;
 inline constexpr std::size_t kMaxArguments = 255;
 
@@ -22,7 +23,7 @@ inline constexpr int kMaxNestedRuns = 200;                   ///< runs inside ea
 inline constexpr std::size_t kMaxMemory = std::size_t{256} * 1024 * 1024;  ///< bytes of growth in one outermost call
 
 // The cache of compiled texts.
-inline constexpr std::size_t kMaxCachedUnits = 8192;
-inline constexpr std::size_t kMaxCachedBytes = std::size_t{32} * 1024 * 1024;
+inline constexpr std::size_t kMaxCachedUnits = 65536;
+inline constexpr std::size_t kMaxCachedBytes = std::size_t{64} * 1024 * 1024;
 
 }  // namespace ov::vbscript

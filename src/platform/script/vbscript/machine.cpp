@@ -207,7 +207,7 @@ void Machine::Execute() {
         },
         &&step);
     Frame* const entry = mTop;
-    const Instruction* pc = entry->pc;
+    const Instruction* i = entry->pc;
     // Where slots of each kind of operand begin, less what the kind adds to an operand.
     std::array<std::uintptr_t, 4> bases;
     const auto setBase = [&](OperandKind kind, const Slot* slots) {
@@ -216,7 +216,7 @@ void Machine::Execute() {
     };
     const auto load = [&] {
         const Frame& frame = *mTop;
-        pc = frame.pc;
+        i = frame.pc;
         setBase(OperandKind::Frame, frame.slots);
         setBase(OperandKind::Constant, frame.code->constants.get());
         setBase(OperandKind::Name, frame.links);
@@ -225,149 +225,164 @@ void Machine::Execute() {
     const auto at = [&](std::uint32_t operand) -> Slot& {
         return *reinterpret_cast<Slot*>(bases[operand & Operand::kKindMask] + operand);
     };
-    const auto holds = [&]<class Comparison>(Comparison, const Instruction& i) {
+    const auto holds = [&]<class Comparison>(Comparison) {
         bool result;
-        return Comparing<Comparison>(at(i.a), at(i.b), result) ? result : Test(i);
+        return Comparing<Comparison>(at(i->a), at(i->b), result) ? result : Test(*i);
+    };
+    const auto runsAgain = [&] {
+        bool again;
+        const Slot* const control = &at(i->b);
+        return fast::ForNext(Through(at(i->a)), control[0].value, control[1].value, again) ? again : ForNext(*i);
     };
     // For an instruction that may begin a frame.
-    const auto call = [&](void (Machine::*function)(const Instruction&), const Instruction& i) {
-        mTop->pc = pc;
-        (this->*function)(i);
+    const auto call = [&](void (Machine::*function)(const Instruction&)) {
+        mTop->pc = i + 1;
+        (this->*function)(*i);
         load();
     };
     for (;;) {
         try {
             load();
             for (;;) {
-                const Instruction& i = *pc++;
-                goto* labels[i.op];
+                goto* labels[i->op];
             doLet:
-                if (!fast::Copy(at(i.b).value, at(i.a).value)) Let(i);
+                if (!fast::Copy(at(i->b).value, at(i->a).value)) Let(*i);
+                ++i;
                 continue;
             doMove:
-                if (!fast::Copy(at(i.b).value, at(i.a).value)) Move(i);
+                if (!fast::Copy(at(i->b).value, at(i->a).value)) Move(*i);
+                ++i;
                 continue;
             doPassRef:
-                if (Slot& from = at(i.b); from.IsValue()) {
-                    at(i.a).PutAlias(from.value);
+                if (Slot& from = at(i->b); from.IsValue()) {
+                    at(i->a).PutAlias(from.value);
                 } else {
-                    PassRef(i);
+                    PassRef(*i);
                 }
+                ++i;
                 continue;
             doAdd:
-                if (!Binary<fast::Arithmetic<fast::Add>>(at(i.b), at(i.c), at(i.a))) Operate(i);
+                if (!Binary<fast::Arithmetic<fast::Add>>(at(i->b), at(i->c), at(i->a))) Operate(*i);
+                ++i;
                 continue;
             doSubtract:
-                if (!Binary<fast::Arithmetic<fast::Subtract>>(at(i.b), at(i.c), at(i.a))) Operate(i);
+                if (!Binary<fast::Arithmetic<fast::Subtract>>(at(i->b), at(i->c), at(i->a))) Operate(*i);
+                ++i;
                 continue;
             doMultiply:
-                if (!Binary<fast::Arithmetic<fast::Multiply>>(at(i.b), at(i.c), at(i.a))) Operate(i);
+                if (!Binary<fast::Arithmetic<fast::Multiply>>(at(i->b), at(i->c), at(i->a))) Operate(*i);
+                ++i;
                 continue;
             doDivide:
-                if (!Binary<fast::Divide>(at(i.b), at(i.c), at(i.a))) Operate(i);
+                if (!Binary<fast::Divide>(at(i->b), at(i->c), at(i->a))) Operate(*i);
+                ++i;
                 continue;
             doIntegerDivide:
-                if (!Binary<fast::WholeDivision<false>>(at(i.b), at(i.c), at(i.a))) Operate(i);
+                if (!Binary<fast::WholeDivision<false>>(at(i->b), at(i->c), at(i->a))) Operate(*i);
+                ++i;
                 continue;
             doModulo:
-                if (!Binary<fast::WholeDivision<true>>(at(i.b), at(i.c), at(i.a))) Operate(i);
+                if (!Binary<fast::WholeDivision<true>>(at(i->b), at(i->c), at(i->a))) Operate(*i);
+                ++i;
                 continue;
             doAnd:
-                if (!Binary<fast::Logic<fast::And>>(at(i.b), at(i.c), at(i.a))) Operate(i);
+                if (!Binary<fast::Logic<fast::And>>(at(i->b), at(i->c), at(i->a))) Operate(*i);
+                ++i;
                 continue;
             doOr:
-                if (!Binary<fast::Logic<fast::Or>>(at(i.b), at(i.c), at(i.a))) Operate(i);
+                if (!Binary<fast::Logic<fast::Or>>(at(i->b), at(i->c), at(i->a))) Operate(*i);
+                ++i;
                 continue;
             doNegate:
-                if (!fast::Negate(at(i.b).value, at(i.a).value)) Operate(i);
+                if (!fast::Negate(at(i->b).value, at(i->a).value)) Operate(*i);
+                ++i;
                 continue;
             doConcatenate:
-                Concatenate(i);
+                Concatenate(*i);
+                ++i;
                 continue;
             doJump:
-                pc = &i + i.Distance();
+                i += i->Distance();
                 continue;
             doJumpBack:
                 Tick();
-                pc = &i + i.Distance();
+                i += i->Distance();
                 continue;
             doJumpIfFalse:
-                if (!IsTrue(i)) pc = &i + i.Distance();
+                i += IsTrue(*i) ? 1 : i->Distance();
                 continue;
             doJumpIfTrue:
-                if (IsTrue(i)) pc = &i + i.Distance();
+                i += IsTrue(*i) ? i->Distance() : 1;
                 continue;
             doJumpUnlessEqual:
-                if (!holds(fast::Equal(), i)) pc = &i + i.Distance();
+                i += holds(fast::Equal()) ? 1 : i->Distance();
                 continue;
             doJumpUnlessNotEqual:
-                if (!holds(fast::NotEqual(), i)) pc = &i + i.Distance();
+                i += holds(fast::NotEqual()) ? 1 : i->Distance();
                 continue;
             doJumpUnlessLess:
-                if (!holds(fast::Less(), i)) pc = &i + i.Distance();
+                i += holds(fast::Less()) ? 1 : i->Distance();
                 continue;
             doJumpUnlessLessEqual:
-                if (!holds(fast::LessEqual(), i)) pc = &i + i.Distance();
+                i += holds(fast::LessEqual()) ? 1 : i->Distance();
                 continue;
             doJumpUnlessGreater:
-                if (!holds(fast::Greater(), i)) pc = &i + i.Distance();
+                i += holds(fast::Greater()) ? 1 : i->Distance();
                 continue;
             doJumpUnlessGreaterEqual:
-                if (!holds(fast::GreaterEqual(), i)) pc = &i + i.Distance();
+                i += holds(fast::GreaterEqual()) ? 1 : i->Distance();
                 continue;
             doJumpWhenEqual:
-                if (Test(i)) pc = &i + i.Distance();
+                i += Test(*i) ? i->Distance() : 1;
                 continue;
             doForStart:
-                if (!ForStart(i)) pc = &i + i.Distance();
+                i += ForStart(*i) ? 1 : i->Distance();
                 continue;
-            doForNext : {
+            doForNext:
                 Tick();
-                bool again;
-                const Slot* const control = &at(i.b);
-                if (!fast::ForNext(Through(at(i.a)), control[0].value, control[1].value, again)) again = ForNext(i);
-                if (again) pc = &i + i.Distance();
-            }
+                i += runsAgain() ? i->Distance() : 1;
                 continue;
             doForEachNext:
-                if (!ForEachNext(i)) pc = &i + i.Distance();
+                i += ForEachNext(*i) ? 1 : i->Distance();
                 continue;
             doGetElement:
-                if (!Indexing(at(i.b), at(i.c), at(i.a))) GetElement(i);
+                if (!Indexing(at(i->b), at(i->c), at(i->a))) GetElement(*i);
+                ++i;
                 continue;
             doPutElement:
-                PutElement(i);
+                PutElement(*i);
+                ++i;
                 continue;
             doLoadName:
-                call(&Machine::LoadName, i);
+                call(&Machine::LoadName);
                 continue;
             doPassName:
-                call(&Machine::PassName, i);
+                call(&Machine::PassName);
                 continue;
             doCallName:
-                mTop->pc = pc;
-                if (const Slot& link = mTop->links[i.b]; IsProcedure(link, i)) {
-                    Slot* const window = mTop->slots + i.a;
-                    PushFrame(*link.link.global->procedure, nullptr, window, i.c, window, (i.flags & kDiscard) != 0);
+                mTop->pc = i + 1;
+                if (const Slot& link = mTop->links[i->b]; IsProcedure(link, *i)) {
+                    Slot* const window = mTop->slots + i->a;
+                    PushFrame(*link.link.global->procedure, nullptr, window, i->c, window, (i->flags & kDiscard) != 0);
                 } else {
-                    CallName(i);
+                    CallName(*i);
                 }
                 load();
                 continue;
             doCallMember:
-                call(&Machine::CallMember, i);
+                call(&Machine::CallMember);
                 continue;
             doCallValue:
-                call(&Machine::CallValue, i);
+                call(&Machine::CallValue);
                 continue;
             doPutMember:
-                call(&Machine::PutMember, i);
+                call(&Machine::PutMember);
                 continue;
             doNew:
-                call(&Machine::New, i);
+                call(&Machine::New);
                 continue;
             doResult:
-                if (Result(i)) return;
+                if (Result(*i)) return;
                 load();
                 continue;
             doReturn:
@@ -375,10 +390,11 @@ void Machine::Execute() {
                 load();
                 continue;
             step:
-                Step(i);
+                Step(*i);
+                ++i;
             }
         } catch (...) {
-            mTop->pc = pc;
+            mTop->pc = i + 1;
             Recover(entry);
         }
     }

@@ -165,7 +165,7 @@ private:
     const Slot* const mSlotsEnd;
     Frame* const mFrames;
     const Frame* const mFramesEnd;
-    Frame* mTop = nullptr;       // the running procedure; below mFrames while there is none
+    Frame* mTop = nullptr;       // the running procedure
     std::uint64_t mWritten = 0;  // arguments that the last call may have written
     std::int32_t mBudget = 0;    // jumps and calls until the time is looked at
     Variant mResult;             // of the run that ended last

@@ -5,6 +5,7 @@
 #include "platform/automation/errors.h"
 #include "platform/script/vbscript/compile_errors.h"
 #include "platform/script/vbscript/instance.h"
+#include "platform/script/vbscript/run_guard.h"
 
 namespace ov::vbscript {
 
@@ -266,6 +267,7 @@ void Namespace::ResetVariables() {
 }
 
 void Namespace::Clear() noexcept {
+    const EndGuard guard(timeout);
     // Objects end while the names that their last script uses still stand for something.
     ResetVariables();
     // What is left are objects that hold each other, those that a host keeps, and those that the end of others made.

@@ -28,6 +28,7 @@ private:
         std::vector<Constant> constants;
         std::vector<Identifier> assigned;
         std::vector<Identifier> passed;
+        std::vector<Identifier> indexed;
         std::vector<Identifier> dimensioned;
         bool usesExecute = false;
         int loops = 0;     // Do loops around the current statement

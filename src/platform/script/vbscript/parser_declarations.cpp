@@ -53,6 +53,7 @@ void Parser::FinishScope(Procedure& procedure, Scope& scope) {
     procedure.constants = Keep(scope.constants);
     procedure.assigned = Keep(scope.assigned);
     procedure.passed = Keep(scope.passed);
+    procedure.indexed = Keep(scope.indexed);
     procedure.dimensioned = Keep(scope.dimensioned);
     procedure.usesExecute = scope.usesExecute;
 }

@@ -66,7 +66,12 @@ Statement* Parser::NewStatement(StatementKind kind) {
 }
 
 void Parser::NoteTarget(const Expression& target) {
-    if (target.kind == ExpressionKind::Name) mScope->assigned.push_back(target.name);
+    if (target.kind == ExpressionKind::Name) return mScope->assigned.push_back(target.name);
+    const Expression* root = &target;
+    while (root->kind == ExpressionKind::Call) {
+        root = root->left;
+    }
+    if (root->kind == ExpressionKind::Name) mScope->indexed.push_back(root->name);
 }
 
 // Statements up to a word that closes or divides a block, which stays the current token.

@@ -46,4 +46,16 @@ private:
     std::optional<MemoryAccount::Limit> mMemory;
 };
 
+/// The bounds of a run for whatever scripts run because objects end, unless a run is under way already. Without it each
+/// of them would have bounds of its own, and a chain of them might never end.
+class EndGuard {
+public:
+    explicit EndGuard(std::int32_t timeout) {
+        if (!RunGuard::IsActive()) mRun.emplace(timeout);
+    }
+
+private:
+    std::optional<RunGuard> mRun;
+};
+
 }  // namespace ov::vbscript

@@ -50,6 +50,8 @@ box.Test                                    ' expect: 2
 ' A whole array.
 Sub Fill(list): list(0) = "filled": ReDim Preserve list(5): End Sub
 b = Array("x"): Fill b: Echo b(0), UBound(b)   ' expect: filled 5
+Sub FillFirst(list): list(0) = "first": End Sub
+nested = Array(Array(1), 2): FillFirst nested(0): Echo nested(0)(0)   ' expect: first
 Sub FillCopy(ByVal list): list(0) = "copy": End Sub
 FillCopy b: Echo b(0)                       ' expect: filled
 

@@ -33,6 +33,18 @@ Sub Defines
 End Sub
 Defines                                     ' expect: inner
 Global1                                     ' expect: made global
+' A procedure that a text defines inside another one is known there alone, and sees global variables.
+seen = "global"
+Sub Proc1
+    Dim seen: seen = "local"
+    Execute "Sub Proc2: Echo seen: End Sub"
+    Echo Eval("seen"): Proc2
+End Sub
+Proc1                                       ' expect: local
+                                            ' expect: global
+On Error Resume Next
+Proc2: Echo Err.Number                      ' expect: 13
+On Error Goto 0
 Function Params(a): Params = Eval("a * 2"): End Function
 Echo Params(4)                              ' expect: 8
 Sub ByRefParam(p): Execute "p = p & ""!""": End Sub

@@ -28,6 +28,7 @@ Echo CDbl(#6:00:00 AM#), CDbl(#18:00#), CDbl(#6 PM#)   ' expect: 0.25 0.75 0.75
 Echo CDbl(#1/2/2000 12:00:00 PM#), CDbl(#1/2/2000 12:00 AM#)   ' expect: 36527.5 36527
 Echo CDbl(#1/2/30#), CDbl(#1/2/29#)         ' expect: 10960 47120
 Echo TypeName(#1/2/2000#)                   ' expect: Date
+Echo CDbl(#1/2000#), CDbl(#Jan 2000#), Year(#12/25#) = Year(Now), Month(#25/12#)   ' expect: 36526 36526 True 12
 
 ' Words that mean something in one place only are names elsewhere.
 Dim default, property, explicit, error, step, preserve

@@ -28,6 +28,7 @@ void AddTreeCommand(CLI::App& app);
 void AddGetCommand(CLI::App& app);
 void AddSetCommand(CLI::App& app);
 void AddPackCommand(CLI::App& app);
+void AddUnpackCommand(CLI::App& app, int& status);
 void AddConvertCommand(CLI::App& app, int& status);
 void AddTablesCommand(CLI::App& app);
 void AddImageCommand(CLI::App& app);

@@ -68,6 +68,7 @@ int main(int argc, char** argv) {
         ovmodel::AddGetCommand(app);
         ovmodel::AddSetCommand(app);
         ovmodel::AddPackCommand(app);
+        ovmodel::AddUnpackCommand(app, status);
         ovmodel::AddConvertCommand(app, status);
         ovmodel::AddTablesCommand(app);
         ovmodel::AddImageCommand(app);

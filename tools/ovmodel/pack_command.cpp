@@ -1,6 +1,4 @@
 // ovmodel pack DESCRIPTOR.sql -o FILE
-#include <sqlite3.h>
-
 #include <algorithm>
 #include <cctype>
 #include <cstring>
@@ -11,6 +9,7 @@
 #include <sstream>
 
 #include "ovmodel/command.h"
+#include "ovmodel/sqlite_handles.h"
 #include "ovmodel/unfinished_file.h"
 
 namespace ovmodel {
@@ -27,9 +26,6 @@ std::string ReadWhole(const std::string& path) {
     content << file.rdbuf();
     return content.str();
 }
-
-using Connection = std::unique_ptr<sqlite3, decltype(&sqlite3_close)>;
-using Statement = std::unique_ptr<sqlite3_stmt, decltype(&sqlite3_finalize)>;
 
 Connection Create(const std::string& path, const std::string& target) {
     sqlite3* handle = nullptr;
@@ -49,7 +45,7 @@ public:
         for (const char* at = SkipToStatement(mSql.c_str()); at < end; at = SkipToStatement(at)) {
             sqlite3_stmt* prepared = nullptr;
             const char* tail = nullptr;
-            const int length = static_cast<int>(end - at);
+            const int length = static_cast<int>(end - at) + 1;  // with its NUL, which spares a copy of the rest
             if (sqlite3_prepare_v2(database, at, length, &prepared, &tail) != SQLITE_OK) {
                 const int offset = sqlite3_error_offset(database);
                 Fail(database, at, at + std::max(offset, 0));

@@ -15,7 +15,7 @@ namespace ov {
 /// One facet of an object: interface @p I with its members callable by name.
 ///
 /// An object lists its facets as bases. Where two of its interfaces have one member name with different types, no one
-/// class can override both; such a facet gets a small class of its own, derived from Facet<I>, that overrides the
+/// class can override both; such a facet gets a small class of its own, derived from `Facet<I>`, that overrides the
 /// member and forwards it to a function of another name. Like every facet it holds no state.
 template <class I>
 class Facet : public I {

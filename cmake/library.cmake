@@ -21,6 +21,7 @@ foreach(folder contract platform/automation platform/locale)
   install(DIRECTORY "${PROJECT_SOURCE_DIR}/src/${folder}" DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/ov_model/${folder}/.."
           FILES_MATCHING PATTERN "*.h")
 endforeach()
+install(FILES "${PROJECT_SOURCE_DIR}/src/module/ov_model.h" DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/ov_model)
 install(FILES "${PROJECT_SOURCE_DIR}/src/platform/store/store.h"
         DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/ov_model/platform/store)
 

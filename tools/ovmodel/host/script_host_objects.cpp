@@ -8,8 +8,8 @@
 
 #include "contract/library.h"
 #include "module/class_factory.h"
+#include "module/interface_names.h"
 #include "ovmodel/host/event_sink.h"
-#include "ovmodel/host/interface_names.h"
 #include "ovmodel/host/text_stream.h"
 #include "platform/automation/conversions.h"
 #include "platform/automation/dictionary.h"
@@ -72,7 +72,7 @@ Ref<ov::IDispatch> CreateScriptObject(const Text& progId) {
 }
 
 Ref<ov::IDispatch> GlobalFunctions::Facet(ov::IDispatch* object, const Text& name) {
-    const ov::Guid* iid = object ? FindInterface(name) : nullptr;
+    const ov::Guid* iid = object ? ov::FindInterface(name) : nullptr;
     return iid ? Ref<ov::IDispatch>::Adopt(static_cast<ov::IDispatch*>(object->QueryInterface(*iid))) : nullptr;
 }
 

@@ -6,10 +6,10 @@
 
 #include "platform/automation/guid.h"
 
-namespace ovmodel {
+namespace ov {
 
 /// The identifier of an interface, by its name with or without the leading underscore and without regard to case;
 /// nullptr for a name that the contract does not have.
-const ov::Guid* FindInterface(std::u16string_view name);
+const Guid* FindInterface(std::u16string_view name);
 
-}  // namespace ovmodel
+}  // namespace ov

@@ -31,7 +31,10 @@ configure_package_config_file("${PROJECT_SOURCE_DIR}/cmake/OV_ModelConfig.cmake.
 write_basic_package_version_file("${CMAKE_BINARY_DIR}/OV_ModelConfigVersion.cmake" COMPATIBILITY SameMajorVersion)
 install(FILES "${CMAKE_BINARY_DIR}/OV_ModelConfig.cmake" "${CMAKE_BINARY_DIR}/OV_ModelConfigVersion.cmake"
         DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/OV_Model)
-# Found from the place of the file itself, so that an install may be moved.
-file(RELATIVE_PATH OV_MODEL_PC_PREFIX "/${CMAKE_INSTALL_LIBDIR}/pkgconfig" "/")
-configure_file("${PROJECT_SOURCE_DIR}/cmake/ov_model.pc.in" "${CMAKE_BINARY_DIR}/ov_model.pc" @ONLY)
-install(FILES "${CMAKE_BINARY_DIR}/ov_model.pc" DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+# ov_model.pc is for hosts in C++, ov_model_c.pc for those in C. Their paths start at their own folder, so that a package
+# can be moved.
+file(RELATIVE_PATH OV_MODEL_PREFIX_FROM_PKGCONFIG "/${CMAKE_INSTALL_LIBDIR}/pkgconfig" "/")
+foreach(name ov_model ov_model_c)
+  configure_file("${PROJECT_SOURCE_DIR}/cmake/${name}.pc.in" "${CMAKE_BINARY_DIR}/${name}.pc" @ONLY)
+  install(FILES "${CMAKE_BINARY_DIR}/${name}.pc" DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+endforeach()

@@ -44,7 +44,7 @@ public:
     Variant EvaluateRawScript(const Text&, bool, bool) override { return {}; }
     Variant EvaluateScriptOrLiteral(const Text& text, bool) override { return text; }
     void ExecuteScript(const Text&) override {}
-    void UpdateDependencies(bool) override {}
+    void UpdateDependencies() override {}
     void OnParameterReconfigured(IBase_GuiParameter*) override {}
     void OnParameterStateChanged(IBase_GuiParameter*) override {}
     void OnParameterValueChanged(IBase_GuiParameter*) override {}

@@ -48,7 +48,7 @@ public:
     Variant EvaluateRawScript(const Text&, bool, bool) override { return {}; }
     Variant EvaluateScriptOrLiteral(const Text& text, bool) override { return text; }
     void ExecuteScript(const Text&) override {}
-    void UpdateDependencies(bool) override {}
+    void UpdateDependencies() override {}
     void OnParameterReconfigured(ov::IBase_GuiParameter*) override {}
     void OnParameterStateChanged(ov::IBase_GuiParameter*) override {}
     void OnParameterValueChanged(ov::IBase_GuiParameter*) override {}

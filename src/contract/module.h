@@ -152,7 +152,7 @@ public:
     /// Checks every parameter that is loaded anew, to the last one. The answers are told by events and by `consistent`.
     virtual void CheckConsistency() = 0;
     /// Reconfigures parameters by their dependency rules until nothing changes, then checks consistency. Rules that
-    /// never settle do not return.
+    /// never settle end after 10,000 passes, or as many as the registry value "MaxPasses" says, with a line in the log.
     virtual void UpdateDependencies() = 0;
     /// Sets the host's import and export service, in place of the one before; Nothing takes it off.
     virtual void RegisterImExport(ISpec_ImExport* cb) = 0;

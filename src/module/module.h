@@ -126,6 +126,10 @@ public:
     std::shared_ptr<CEnumCacheItem> EnumCacheGet(const Text& key) override { return mEnumCache.Get(key); }
     void EnumCacheSet(const Text& key, const std::shared_ptr<CEnumCacheItem>& item) override;
 
+    /// One pass over all channels. @returns true if a parameter that scripts have read was reconfigured
+    bool UpdateDependenciesChannels();
+    bool CheckConsistencyAll();
+
     /// A text that may be a static script, resolved by the first channel; a literal as it stands.
     Text ResolveStaticScript(const Text& text);
     /// The shared table recordset of `RecordSetCache`. @throws RuntimeError 91 without a database
@@ -170,8 +174,6 @@ private:
     void mEnvironment_Changed(const Text& key, const Variant& value);
     void CloneTypeInto(Module& clone);
     void CopyValuesTo(Module& clone);
-    bool UpdateDependenciesChannels();
-    bool CheckConsistencyAll();
     template <class Fold>
     void ForEachChannel(Fold fold);
 

@@ -10,6 +10,7 @@
 #include "platform/system/file_system.h"
 #include "support/diagnostics.h"
 #include "tree/channel.h"
+#include "tree/dependency_update.h"
 #include "tree/row_values.h"
 
 namespace ov {
@@ -276,12 +277,11 @@ void Module::CheckConsistency() {
     CheckConsistencyAll();
 }
 
-// True if a channel reports that a parameter which scripts have read was reconfigured.
 bool Module::UpdateDependenciesChannels() {
     bool any = false;
     if (const auto channels = mSpecChannels) {
         channels->ForEach([&](IBase_SpecChannel& spec) {
-            if (auto* channel = dynamic_cast<Channel*>(&spec)) any = channel->ReconfigurationPass(true) || any;
+            if (auto* channel = dynamic_cast<Channel*>(&spec)) any = channel->ReconfigurationPass() || any;
             return true;
         });
     }
@@ -289,9 +289,7 @@ bool Module::UpdateDependenciesChannels() {
 }
 
 void Module::UpdateDependencies() {
-    while (UpdateDependenciesChannels()) {
-    }
-    CheckConsistencyAll();
+    SettleAlone(*this, &Module::UpdateDependenciesChannels);
 }
 
 bool Module::Export(Variant& exportdata, Variant& sourceId) {
@@ -301,9 +299,10 @@ bool Module::Export(Variant& exportdata, Variant& sourceId) {
 bool Module::Import(Variant& importdata, Variant& sourceId) {
     if (!mImExport) Raise(ErrorNumber::ObjectVariableNotSet);
     // Imported once more as long as rules bring in parameters that an earlier round could not fill.
+    DependencyUpdate update;
     do {
-        if (!mImExport->DoImport(this, importdata, sourceId)) return false;
-    } while (UpdateDependenciesChannels());
+        if (!update.Between([&] { return mImExport->DoImport(this, importdata, sourceId); })) return false;
+    } while (update.BeginPass() && UpdateDependenciesChannels());
     return true;
 }
 

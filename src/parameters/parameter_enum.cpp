@@ -40,7 +40,7 @@ void ParameterEnum::AfterEngineWrite(const Content& former) {
 
 void ParameterEnum::PutBack(const Content& former) {
     Hold(former);
-    if (const Ref<ParameterOwner> owner = mGroup) owner->UpdateDependencies(true);
+    if (const Ref<ParameterOwner> owner = mGroup) owner->UpdateDependencies();
     Notify(kValueChanged);
 }
 

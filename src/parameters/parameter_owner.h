@@ -54,7 +54,7 @@ public:
     /// Runs statements on the group's engine; never raises.
     virtual void ExecuteScript(const Text& statement) = 0;
     /// Sweeps the rules after a change of a value. @throws RuntimeError of a listener
-    virtual void UpdateDependencies(bool force) = 0;
+    virtual void UpdateDependencies() = 0;
 };
 
 }  // namespace ov

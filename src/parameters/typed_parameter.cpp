@@ -69,7 +69,7 @@ void TypedParameter<T>::WriteByUser(const Text& text) {
         return;
     }
     // What depends on this parameter changes before its own event.
-    if (const Ref<ParameterOwner> owner = mGroup) owner->UpdateDependencies(true);
+    if (const Ref<ParameterOwner> owner = mGroup) owner->UpdateDependencies();
     mUnknown = false;
     Notify(kValueChanged);
     AfterUserWrite(former);

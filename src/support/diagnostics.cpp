@@ -26,6 +26,16 @@ bool IsSwitchedOn(const char16_t* key, const char16_t* name) {
     return value.IsString() && value.AsText() == u"1";
 }
 
+// A number above 0, or what stands for it.
+std::int32_t NumberOr(const char16_t* key, const char16_t* name, std::int32_t fallback) {
+    try {
+        const std::int32_t number = ToLong(registry::Read(key, name));
+        return number > 0 ? number : fallback;
+    } catch (const RuntimeError&) {
+        return fallback;
+    }
+}
+
 void SetSwitches(Diagnostics& diagnostics, DebugMode mode) {
     const bool fromRegistry = mode == DebugMode::FromRegistry;
     diagnostics.debugToOutput = fromRegistry ? IsSwitchedOn(kControlsKey, u"Debug")
@@ -33,6 +43,7 @@ void SetSwitches(Diagnostics& diagnostics, DebugMode mode) {
     diagnostics.debugToFile =
         fromRegistry ? IsSwitchedOn(kControlsKey, u"DebugFile") : mode == DebugMode::OutputAndFile;
     diagnostics.timing = IsSwitchedOn(kControlsKey, u"Timing");
+    diagnostics.maxPasses = NumberOr(kControlsKey, u"MaxPasses", Diagnostics().maxPasses);
     diagnostics.typeAndAddressNotInTag = IsSwitchedOn(kDtmKey, u"TypeAndAddressNotInTag");
 }
 

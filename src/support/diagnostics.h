@@ -20,6 +20,7 @@ struct Diagnostics {
     bool timing = false;                  ///< the timing log is on
     bool initialised = false;             ///< the switches have been read
     bool typeAndAddressNotInTag = false;  ///< a switch of the parameters
+    std::int32_t maxPasses = 10'000;      ///< most passes of one update of dependencies
     std::int32_t debugCountEval = 0;      ///< script evaluations since the last Load
 };
 /// `gDebugToOutput` and its companions.

@@ -7,6 +7,7 @@
 #include "platform/automation/conversions.h"
 #include "support/diagnostics.h"
 #include "tree/block.h"
+#include "tree/dependency_update.h"
 #include "tree/edit_plugin.h"
 #include "tree/group.h"
 #include "tree/row_values.h"
@@ -167,19 +168,14 @@ Variant Channel::ExecuteScript(const Text& script) {
     return Variant();
 }
 
-void Channel::UpdateDependenciesOf(bool force) {
-    while (!mScriptAccess) {
-        if (ReconfigurationPass(force)) continue;
-        CheckConsistencyAll();
-        return;
-    }
-    // A script of another channel has reached this one, so the whole module is swept.
+void Channel::UpdateDependencies() {
+    if (SettleAlone(*this, &Channel::ReconfigurationPass)) return;
     if (const Ref<IBase_SpecModule> module = mModule) module->UpdateDependencies();
 }
 
-bool Channel::ReconfigurationPass(bool force) {
+bool Channel::ReconfigurationPass() {
     bool any = false;
-    ForEachGroup([&](Group& group) { return any = group.ReconfigurationPass(force) || any, true; });
+    ForEachGroup([&](Group& group) { return any = group.ReconfigurationPass() || any, true; });
     return any;
 }
 

@@ -60,9 +60,8 @@ public:
     Variant EvaluateRawScript(const Text& script, bool silent, bool textFallback);
     const Variant& Id() const noexcept { return mId; }
     ModuleServices* Services() noexcept { return mServices.get(); }
-    void UpdateDependenciesOf(bool force);
     /// One pass over all loaded groups. @returns true if a parameter that scripts have read was reconfigured
-    bool ReconfigurationPass(bool force);
+    bool ReconfigurationPass();
     bool CheckConsistencyAll();
     /// Tears down groups and blocks and lets the module go; harmless the second time.
     void Unload() noexcept;
@@ -97,7 +96,7 @@ public:
     Variant EvaluateScript(const Variant& script) override;
     bool scriptAccess() override { return mScriptAccess; }
     void CheckConsistency() override { CheckConsistencyAll(); }
-    void UpdateDependencies() override { UpdateDependenciesOf(true); }
+    void UpdateDependencies() override;
 
     // IBase_CallbackParameter
     void OnParameterReconfigured(IBase_GuiParameter* p) override;

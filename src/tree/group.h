@@ -45,7 +45,7 @@ public:
 protected:
     virtual Ref<CBase_ScriptingParameters> ScriptParameters() = 0;
 };
-/// `ExecuteScript` and `UpdateDependencies` are asked for by hosts, scripts and parameters in different forms.
+/// `ExecuteScript` is asked for by hosts and by parameters in different forms.
 class DefaultGroupFacet : public Facet<CBase_Group> {
 public:
     Variant ExecuteScript(const Text& script) final {
@@ -56,20 +56,11 @@ public:
 protected:
     virtual void RunStatement(const Text& statement) = 0;
 };
-class ScriptedGroupFacet : public Facet<ScriptedGroup> {
-public:
-    void UpdateDependencies() final { UpdateDependenciesOf(true); }
-
-protected:
-    virtual void UpdateDependenciesOf(bool force) = 0;
-};
 class ParameterOwnerFacet : public Facet<ParameterOwner> {
 public:
-    void UpdateDependencies(bool force) final { UpdateDependenciesOf(force); }
     void ExecuteScript(const Text& statement) final { RunStatement(statement); }
 
 protected:
-    virtual void UpdateDependenciesOf(bool force) = 0;
     virtual void RunStatement(const Text& statement) = 0;
 };
 
@@ -77,7 +68,7 @@ protected:
 /// and the next one counts it as loaded. Holds its channel, and is held by it: only Unload ends that ring.
 class Group final
     : public Object<Group, DefaultGroupFacet, GuiGroupFacet, SpecGroupFacet, Facet<IBase_CallbackParameter>,
-                    ScriptingGroupFacet, ScriptedGroupFacet, ParameterOwnerFacet> {
+                    ScriptingGroupFacet, Facet<ScriptedGroup>, ParameterOwnerFacet> {
 public:
     static constexpr const char* kClassName = "CBase_Group";
 
@@ -93,7 +84,7 @@ public:
     /// The descriptor row. @pre configured
     Collection& Row() noexcept { return *mDesc; }
     /// One pass over the rules of all parameters. @returns true if one that scripts have read was reconfigured
-    bool ReconfigurationPass(bool force);
+    bool ReconfigurationPass();
     bool CheckConsistencyAll();
     void Unload() noexcept;
 
@@ -130,6 +121,9 @@ public:
     void OnParameterValueChanged(IBase_GuiParameter* p) override;
     void OnParameterConfigStateChanged(IBase_GuiParameter* p) override;
 
+    // ScriptedGroup and ParameterOwner
+    void UpdateDependencies() override;
+
     // ScriptedGroup
     void MarkScriptAccess() override { mScriptAccess = true; }
     Ref<Collection> GroupScripts() override;
@@ -158,7 +152,6 @@ private:
     Ref<CBase_GuiParameterCollection> GuiParameters() override;
     Ref<CBase_SpecParameterCollection> SpecParameters() override;
     Ref<CBase_ScriptingParameters> ScriptParameters() override;
-    void UpdateDependenciesOf(bool force) override;
     void RunStatement(const Text& statement) override;
 
     ModuleServices* Services() const noexcept;
@@ -175,6 +168,7 @@ private:
     bool SettleValid(IBase_Internal& parameter);
     void SettleInvalid(IBase_Internal& parameter, bool& any);
     void Reconfigure(IBase_Internal& parameter, bool& any);
+    void NoteChange(IBase_Internal& parameter);
     template <class Read>
     auto GuardedRead(const char16_t* reader, const Text& text, const Variant& id, Read read) -> decltype(read());
     template <class Number>

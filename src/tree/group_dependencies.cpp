@@ -1,6 +1,8 @@
 // The rules by which parameters change shape: one pass over the group, and how far a change carries.
 #include "platform/automation/conversions.h"
+#include "support/diagnostics.h"
 #include "tree/channel.h"
+#include "tree/dependency_update.h"
 #include "tree/group.h"
 
 namespace ov {
@@ -15,14 +17,9 @@ Variant RowOf(CBase_ParamDependency& dependency) {
 
 }  // namespace
 
-void Group::UpdateDependenciesOf(bool force) {
-    while (!mScriptAccess) {
-        if (ReconfigurationPass(force)) continue;
-        CheckConsistencyAll();
-        return;
-    }
-    // A script from outside has reached this group, so the whole channel is swept.
-    if (const Ref<Channel> channel = mChannel) channel->UpdateDependenciesOf(force);
+void Group::UpdateDependencies() {
+    if (SettleAlone(*this, &Group::ReconfigurationPass)) return;
+    if (const Ref<Channel> channel = mChannel) channel->UpdateDependencies();
 }
 
 bool Group::CheckConsistencyAll() {
@@ -36,7 +33,7 @@ bool Group::CheckConsistencyAll() {
     return all;
 }
 
-bool Group::ReconfigurationPass(bool) {
+bool Group::ReconfigurationPass() {
     bool any = false;
     mScriptResults = nullptr;
     const Ref<TypedList<IBase_SpecParameter>> parameters = mParameters;
@@ -52,6 +49,7 @@ bool Group::ReconfigurationPass(bool) {
             }
         } else if (FindActiveDependency(*parameter->dependencies(), true)) {
             if (parameter->DBindex() != parameter->dependencies()->get_idx()) Reconfigure(*parameter, any);
+            NoteChange(*parameter);
             parameter->let_configState(eParameterConfigState::eParameterValid);
         }
         return true;
@@ -70,6 +68,7 @@ bool Group::SettleValid(IBase_Internal& parameter) {
 void Group::SettleInvalid(IBase_Internal& parameter, bool& any) {
     const Ref<CBase_ParamDependency> dependency = parameter.dependencies();
     if (parameter.get_scriptAccess()) any = true;
+    NoteChange(parameter);
     if (FindActiveDependency(*dependency, false)) {
         parameter.Config(static_cast<IBase_GuiGroup*>(this), RowOf(*dependency));
         parameter.CheckConsistency();
@@ -82,8 +81,17 @@ void Group::SettleInvalid(IBase_Internal& parameter, bool& any) {
 
 void Group::Reconfigure(IBase_Internal& parameter, bool& any) {
     if (parameter.get_scriptAccess()) any = true;
+    NoteChange(parameter);
     parameter.Config(static_cast<IBase_GuiGroup*>(this), RowOf(*parameter.dependencies()));
     parameter.CheckConsistency();
+}
+
+void Group::NoteChange(IBase_Internal& parameter) {
+    DependencyUpdate::NoteChange([&] {
+        const Ref<Channel> channel = mChannel;
+        return (channel ? TextForLog(channel->Id()) : Text()) + u"/" + TextForLog(mId) + u"/" +
+               TextForLog(parameter.id());
+    });
 }
 
 // Leaves the cursor on the row in force. Rows are tried in ring order from behind the current one; where none holds,

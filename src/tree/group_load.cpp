@@ -71,7 +71,7 @@ void Group::ReadParameters() {
     if (parameter) parameter->dependencies()->MoveFirst();
     desc.rs->Close();
     CheckConsistencyAll();
-    if (ReconfigurationPass(true)) UpdateDependenciesOf(true);
+    if (ReconfigurationPass()) UpdateDependencies();
 }
 
 bool Group::IsWanted(Recordset& row, const std::optional<std::u16string_view>& filter) {

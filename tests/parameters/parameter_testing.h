@@ -160,7 +160,7 @@ public:
         return IsScript(text) ? EvaluateRawScript(text.view().substr(2), silent, false) : Variant(text);
     }
     void ExecuteScript(const Text& statement) override { events.push_back("run " + statement.ToUtf8()); }
-    void UpdateDependencies(bool) override {
+    void UpdateDependencies() override {
         events.push_back("dependencies");
         if (onUpdate) onUpdate();
     }

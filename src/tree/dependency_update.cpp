@@ -1,0 +1,46 @@
+#include "tree/dependency_update.h"
+
+#include "support/diagnostics.h"
+
+namespace ov {
+
+namespace {
+
+constexpr std::int32_t kWatchedPasses = 100;  // rules that go in circles have been round once by then
+
+}  // namespace
+
+DependencyUpdate::DependencyUpdate() noexcept {
+    if (!sOutermost) sOutermost = this;
+}
+
+DependencyUpdate::~DependencyUpdate() {
+    if (IsOutermost()) sOutermost = nullptr;
+}
+
+bool DependencyUpdate::BeginPass() {
+    DependencyUpdate& update = *sOutermost;
+    if (update.mPasses < GlobalDiagnostics().maxPasses) {
+        ++update.mPasses;
+        return true;
+    }
+    update.TellUnsettled();
+    return false;
+}
+
+bool DependencyUpdate::IsNearBound() const noexcept {
+    return mPasses > GlobalDiagnostics().maxPasses - kWatchedPasses;
+}
+
+void DependencyUpdate::TellUnsettled() {
+    if (mTold) return;
+    mTold = true;
+    Text changed;
+    for (const Text& path : mChanged) {
+        changed += (changed.empty() ? u"" : u", ") + path;
+    }
+    LogAlways(u"UpdateDependencies", u"ERROR: rules have not settled after " + Text::FromInteger(mPasses) +
+                                         u" passes; parameters that still change: " + changed);
+}
+
+}  // namespace ov

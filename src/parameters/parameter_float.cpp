@@ -125,6 +125,16 @@ double ParameterFloat::Rounded(double value) const {
     return mRoundDigits > 0 ? RoundToPlaces(value, mRoundDigits) : value;
 }
 
+void ParameterFloat::SetMyValueToDefault() {
+    // Plain in the row it never is a rule, although the readers of texts without prefixes know no such number.
+    const Text cell = CellText(u"DefaultValue");
+    if (cell == kNaN) {
+        Hold(ContentOfDefault(cell));
+    } else {
+        ScaledParameter<double>::SetMyValueToDefault();
+    }
+}
+
 ParameterFloat::Content ParameterFloat::ContentOfDefault(const Variant& value) {
     if (value.IsString() && value.AsText() == kNaN) {
         return {DefaultFromLimits(), eParameterValueExt::eParamValueExtNaN};

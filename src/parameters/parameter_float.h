@@ -36,6 +36,7 @@ private:
     std::int32_t PlacesOfPrecision() const;
     double Accepted(const double& value) override;
     double Rounded(double value) const;
+    void SetMyValueToDefault() override;
     Content ContentOfDefault(const Variant& value) override;
     double DefaultFromLimits() override;
 

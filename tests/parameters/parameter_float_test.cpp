@@ -97,6 +97,9 @@ TEST_F(ParameterFloatTest, NaNIsAStateThatTheDeviceSees) {
     EXPECT_EQ(gui->error(), u"1");
     spec->let_realvalue(u"QNAN");  // no number to scale
     EXPECT_EQ(Shown(), "QNAN");
+    group->module->generation = 0;  // whose readers give 0 for it
+    Make({{u"DefaultValue", u"QNAN"}, {u"Min", 3}});
+    EXPECT_EQ(Shown() + " " + Describe(spec->get_value()), "QNAN Double 3");
 }
 
 TEST_F(ParameterFloatTest, ADefaultFallsBackOnTheBeginningOfALimit) {

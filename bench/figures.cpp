@@ -9,7 +9,8 @@ void FigureReporter::ReportRuns(const std::vector<Run>& runs) {
     for (const Run& run : runs) {
         if (run.run_type != Run::RT_Iteration || run.error_occurred) continue;
         const auto limit = run.counters.find("limit");
-        for (const auto& [counter, unit] : {std::pair{"ratio", "x"}, std::pair{"bytes", "B"}}) {
+        for (const auto& [counter, unit] :
+             {std::pair{"ratio", "x"}, std::pair{"bytes", "B"}, std::pair{"allocations", ""}}) {
             const auto measured = run.counters.find(counter);
             if (measured == run.counters.end()) continue;
             const std::string arguments = run.run_name.args.empty() ? "" : "/" + run.run_name.args;
@@ -31,7 +32,7 @@ void FigureReporter::Finalize() {
         << std::left << std::setw(nameWidth) << "figure"
         << "   measured      limit\n";
     for (const Figure& figure : mFigures) {
-        const int places = figure.unit[0] == 'x' ? 2 : 0;
+        const int places = figure.unit == std::string_view("x") ? 2 : 0;
         out << std::left << std::setw(nameWidth) << figure.name << std::right << std::fixed << std::setprecision(places)
             << std::setw(9) << figure.measured << ' ' << figure.unit;
         if (figure.limit) {

@@ -1,6 +1,4 @@
 // The rule language beside Lua 5.4: the same work in one process.
-#include <malloc.h>
-
 #include <array>
 #include <lua.hpp>
 #include <memory>
@@ -8,6 +6,7 @@
 #include <vector>
 
 #include "figures.h"
+#include "heap.h"
 #include "platform/automation/member.h"
 #include "platform/automation/object.h"
 #include "platform/script/script_control.h"
@@ -358,12 +357,12 @@ void EngineMemory(benchmark::State& state) {
     const Ref<Parameters> parameters = MakeObject<Parameters>();
     RuleEngine(parameters->Dispatch());
     for (auto _ : state) {
-        const std::size_t before = mallinfo2().uordblks;
+        const std::size_t before = BytesInUse();
         std::vector<std::unique_ptr<ScriptControl>> engines;
         for (int i = 0; i < 10'000; ++i) {
             engines.push_back(RuleEngine(parameters->Dispatch()));
         }
-        state.counters["bytes"] = static_cast<double>(mallinfo2().uordblks - before);
+        state.counters["bytes"] = static_cast<double>(BytesInUse() - before);
     }
     state.counters["limit"] = 10e6;
 }

@@ -1,6 +1,4 @@
 // Reading a descriptor beside a bare loop over SQLite's rows, and what a row that is kept costs.
-#include <malloc.h>
-
 #include <memory>
 #include <stdexcept>
 #include <string>
@@ -11,6 +9,7 @@
 #include "descriptor/translation_table.h"
 #include "figures.h"
 #include "generator.h"
+#include "heap.h"
 #include "sqlite_file.h"
 
 namespace ov::bench {
@@ -142,11 +141,6 @@ void ParameterRows(benchmark::State& state) {
     state.SetItemsProcessed(state.iterations() * kRows);
 }
 BENCHMARK(ParameterRows)->UseManualTime()->Unit(benchmark::kMillisecond);
-
-std::size_t BytesInUse() {
-    const struct mallinfo2 info = mallinfo2();
-    return info.uordblks + info.hblkhd;
-}
 
 // What a row of numbers and NULL costs that is kept: values, object, and the overhead of the allocator.
 void RowMemory(benchmark::State& state) {

@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 
+#include "parameters/memory_map.h"
 #include "platform/automation/conversions.h"
 #include "platform/automation/errors.h"
 #include "platform/automation/rounding.h"
@@ -58,21 +59,6 @@ std::uint16_t WordOf(std::uint64_t bits, int index) {
     return static_cast<std::uint16_t>(bits >> (16 * index));
 }
 
-// The index of byte `i` of `count`, the least significant one first, of a field that begins at `first`.
-std::int64_t IndexOfByte(std::int32_t first, std::int32_t count, std::int32_t i, eByteOrder order) {
-    const std::int64_t start = first;
-    return order == eByteOrder::eBigEndian ? start + count - 1 - i : start + i;
-}
-
-// Position of an array's index in its bytes. @throws RuntimeError 9 for an index that the array does not have
-std::size_t PositionOf(const ByteArray& array, std::int64_t index) {
-    const std::int64_t position = index - array.lower;
-    if (position < 0 || position >= static_cast<std::int64_t>(array.bytes.size())) {
-        Raise(ErrorNumber::SubscriptOutOfRange);
-    }
-    return static_cast<std::size_t>(position);
-}
-
 // Half of the patterns of a width: 2 to the power bitLength - 1. Exact wherever a Decimal holds it, since a pattern of
 // 64 bits must come back as it was.
 Decimal HalfRange(std::int32_t bitLength) {
@@ -80,6 +66,13 @@ Decimal HalfRange(std::int32_t bitLength) {
     if (bitLength < 1 || bitLength > kDecimalBits) return Decimal::FromDouble(std::ldexp(0.5, bitLength));
     const UInt128 half = UInt128{1} << (bitLength - 1);
     return {false, static_cast<std::uint32_t>(half >> 64), static_cast<std::uint64_t>(half), 0};
+}
+
+// The same where whole numbers and widths are of at most 64 bits; 0 for others.
+std::uint64_t HalfRange64(const Decimal& number, std::int32_t bitLength) {
+    constexpr std::int32_t kBits = 64;
+    const bool fits = number.Scale() == 0 && number.High() == 0 && bitLength >= 1 && bitLength <= kBits;
+    return fits ? std::uint64_t{1} << (bitLength - 1) : 0;
 }
 
 // The same for a Long, whose callers know that it is short.
@@ -112,17 +105,6 @@ Decimal HexChunks(std::u16string_view digits) {
         if (digits.empty()) return number;
         weight = weight * Decimal(kChunkRange);
     }
-}
-
-constexpr std::int32_t kBytesOf64Bits = 8;
-
-// The pattern of at most eight bytes.
-Decimal Bytes64(const ByteArray& source, std::int32_t first, std::int32_t count, eByteOrder order) {
-    std::uint64_t pattern = 0;
-    for (std::int32_t i = count; i-- > 0;) {
-        pattern = pattern << 8 | source.bytes[PositionOf(source, IndexOfByte(first, count, i, order))];
-    }
-    return Decimal::FromUnsigned(pattern);
 }
 
 }  // namespace
@@ -181,11 +163,7 @@ bool Dec2ByteArray(ByteArray& target, std::int32_t first, std::int32_t count, co
     try {
         const std::optional<std::uint64_t> bits = Bits64(pattern);
         if (!bits) Raise(ErrorNumber::Overflow);
-        for (std::int32_t i = 0; i < count; ++i) {
-            if (i >= kBytesOf64Bits) Raise(ErrorNumber::SubscriptOutOfRange);
-            const std::size_t position = PositionOf(target, IndexOfByte(first, count, i, order));
-            target.bytes[position] = static_cast<std::uint8_t>(*bits >> (8 * i));
-        }
+        WritePattern(target, *bits, first, count, order);
     } catch (const RuntimeError&) {
         RaiseConversion(SourceOf(u"Dec2ByteArray", ToText(pattern)), kFailed);
     }
@@ -195,10 +173,13 @@ bool Dec2ByteArray(ByteArray& target, std::int32_t first, std::int32_t count, co
 Decimal ByteArray2Dec(const ByteArray& source, std::int32_t first, std::int32_t count, eByteOrder order) {
     CheckByteOrder(order, u"Dec2ByteArray");
     try {
-        if (count <= kBytesOf64Bits) return Bytes64(source, first, count, order);
+        if (count <= kMostBytes) {
+            return Decimal::FromUnsigned(ReadPattern(source, first, count, order));
+        }
         Decimal pattern;
+        const bool isBig = order == eByteOrder::eBigEndian;
         for (std::int32_t i = count; i-- > 0;) {
-            const std::uint8_t byte = source.bytes[PositionOf(source, IndexOfByte(first, count, i, order))];
+            const std::uint8_t byte = ByteAt(source, std::int64_t{first} + (isBig ? count - 1 - i : i));
             pattern = pattern * Decimal(256) + Decimal(std::int32_t{byte});
         }
         return pattern;
@@ -208,6 +189,11 @@ Decimal ByteArray2Dec(const ByteArray& source, std::int32_t first, std::int32_t 
 }
 
 Decimal Unsigned2Signed(const Decimal& pattern, std::int32_t bitLength) {
+    if (const std::uint64_t half = HalfRange64(pattern, bitLength); half != 0 && !pattern.IsNegative()) {
+        if (pattern.Low() < half) return pattern;
+        const std::uint64_t above = pattern.Low() - half;
+        if (above < half) return {true, 0, half - above, 0};
+    }
     const Decimal half = HalfRange(bitLength);
     const Decimal top = (half - Decimal(1)) + half;
     if (pattern > top) RaiseOfWidth(u"Unsigned2Signed", pattern, bitLength, kTooBig);
@@ -216,10 +202,16 @@ Decimal Unsigned2Signed(const Decimal& pattern, std::int32_t bitLength) {
 }
 
 Decimal Signed2Unsigned(const Decimal& value, std::int32_t bitLength) {
+    if (const std::uint64_t half = HalfRange64(value, bitLength); half != 0) {
+        if (!value.IsNegative() && value.Low() < half) return value;
+        if (value.IsNegative() && value.Low() <= half) return Decimal::FromUnsigned(half - value.Low() + half);
+    }
     const Decimal half = HalfRange(bitLength);
     if (value >= half) RaiseOfWidth(u"Signed2Unsigned", value, bitLength, kTooBig);
     return value.IsNegative() ? half + half + value : value;
 }
+
+namespace detail {
 
 std::int32_t Unsigned2SignedL(std::int32_t pattern, std::int32_t bitLength) {
     if (bitLength >= kLongBits) RaiseOfWidth(u"Unsigned2SignedL", pattern, bitLength, kNo32Bits);
@@ -234,5 +226,7 @@ std::int32_t Signed2UnsignedL(std::int32_t value, std::int32_t bitLength) {
     if (value >= half) RaiseOfWidth(u"Signed2UnsignedL", value, bitLength, kTooBig);
     return value < 0 ? LongOf(value + 2 * half) : value;
 }
+
+}  // namespace detail
 
 }  // namespace ov

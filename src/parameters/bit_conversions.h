@@ -38,8 +38,34 @@ Decimal ByteArray2Dec(const ByteArray& source, std::int32_t first, std::int32_t 
 Decimal Unsigned2Signed(const Decimal& pattern, std::int32_t bitLength);
 /// @throws RuntimeError 42 for a value above the signed range; one below it is not refused
 Decimal Signed2Unsigned(const Decimal& value, std::int32_t bitLength);
-/// The same, and RuntimeError 42 "32Bit nicht unterstützt!" for widths of 32 bits or more.
+
+namespace detail {
+
+// In full, for the widths and numbers that the functions below leave to them.
 std::int32_t Unsigned2SignedL(std::int32_t pattern, std::int32_t bitLength);
 std::int32_t Signed2UnsignedL(std::int32_t value, std::int32_t bitLength);
+
+constexpr bool IsShort(std::int32_t bitLength) noexcept {
+    return bitLength >= 1 && bitLength < 32;
+}
+
+}  // namespace detail
+
+/// The same, and RuntimeError 42 "32Bit nicht unterstützt!" for widths of 32 bits or more.
+inline std::int32_t Unsigned2SignedL(std::int32_t pattern, std::int32_t bitLength) {
+    if (detail::IsShort(bitLength)) {
+        const std::int64_t half = std::int64_t{1} << (bitLength - 1);
+        if (pattern < half) return pattern;
+        if (pattern < 2 * half) return static_cast<std::int32_t>(pattern - 2 * half);
+    }
+    return detail::Unsigned2SignedL(pattern, bitLength);
+}
+inline std::int32_t Signed2UnsignedL(std::int32_t value, std::int32_t bitLength) {
+    if (detail::IsShort(bitLength)) {
+        const std::int64_t half = std::int64_t{1} << (bitLength - 1);
+        if (value < half) return static_cast<std::int32_t>(value < 0 ? value + 2 * half : value);
+    }
+    return detail::Signed2UnsignedL(value, bitLength);
+}
 
 }  // namespace ov

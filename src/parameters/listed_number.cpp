@@ -1,6 +1,7 @@
 #include "parameters/listed_number.h"
 
 #include "parameters/image_bytes.h"
+#include "parameters/long_transfer.h"
 #include "platform/automation/conversions.h"
 #include "support/diagnostics.h"
 
@@ -13,7 +14,7 @@ bool ListedNumber::MoveValue(const DeviceImage& image, const ImagePlace& place) 
         if (IsImport(image)) TakeImportFault();
         return false;
     }
-    return TransferLong(*this, image, field);
+    return std::visit(LongTransfer{*this, field}, image);
 }
 
 std::optional<std::int32_t> ListedNumber::Pattern() {

@@ -6,13 +6,23 @@
 #include <limits>
 #include <optional>
 
-#include "parameters/memory_map.h"
+#include "parameters/device_image.h"
 #include "parameters/scaled_parameter.h"
 
 namespace ov {
 
 /// A number whose limits come from its list, and whose width is that of its field in the device image.
-class ListedNumber : public ScaledParameter<std::int32_t>, private LongField {
+class ListedNumber : public ScaledParameter<std::int32_t> {
+public:
+    bool MoveValue(const DeviceImage& image, const ImagePlace& place);
+
+    // Its ways as a LongField.
+    std::optional<std::int32_t> Pattern();
+    bool TakePattern(std::int32_t pattern);
+    void TakeNumber(const Variant& number) { let_realvalue(number); }
+    void TakeFault() { TakeImportFault(); }
+    void LogNoConversion(const char16_t*, std::int32_t) {}  // there is one for every width
+
 protected:
     ListedNumber() = default;
     ~ListedNumber() = default;
@@ -38,14 +48,6 @@ protected:
     virtual bool IsReversed() const { return false; }
     /// What a failed import leaves.
     virtual void TakeImportFault() { WriteState(eParameterValueExt::eParamValueExtErrorSettingValue); }
-    bool MoveValue(const DeviceImage& image, const ImagePlace& place) override;
-
-private:
-    std::optional<std::int32_t> Pattern() override;
-    bool TakePattern(std::int32_t pattern) override;
-    void TakeNumber(const Variant& number) override { let_realvalue(number); }
-    void TakeFault() override { TakeImportFault(); }
-    void LogNoConversion(const char16_t*, std::int32_t) override {}  // there is one for every width
 };
 
 }  // namespace ov

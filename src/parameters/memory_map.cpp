@@ -9,9 +9,6 @@
 #include "parameters/bit_conversions.h"
 #include "parameters/integer_type.h"
 #include "platform/automation/conversions.h"
-#include "platform/automation/errors.h"
-#include "platform/conversion/byte_copy.h"
-#include "platform/conversion/number_bytes.h"
 #include "support/diagnostics.h"
 
 namespace ov {
@@ -19,16 +16,6 @@ namespace ov {
 namespace {
 
 constexpr std::int64_t kDigitsOfByte = 2;
-constexpr std::u16string_view kWrongWidth = u": ERROR: bitlength>=8 and other than 8, 16, 24: BitLen=";
-
-constexpr std::array kOperationNames = {
-    u"IBase_SpecParameter_ExportToByteArrayMapByMemory",
-    u"IBase_SpecParameter_ImportFromByteArrayMapByMemory",
-    u"IBase_SpecParameter_ExportToHexStringMapByMemory",
-    u"IBase_SpecParameter_ImportFromHexStringMapByMemory",
-};
-constexpr const char16_t* kHexExport = kOperationNames[2];
-constexpr const char16_t* kHexImport = kOperationNames[3];
 
 std::int64_t CheckedLong(std::int64_t number) {
     using Long = std::numeric_limits<std::int32_t>;
@@ -56,69 +43,11 @@ std::array<char16_t, 2> ByteToHex(std::uint8_t byte) noexcept {
     return {kDigits[byte >> kBitsOfDigit], kDigits[byte & 0xF]};
 }
 
-bool IsWholeBytes(std::int32_t width) noexcept {
-    return width == 8 || width == 16 || width == 24 || width == 32;
-}
-
-void LogWrongWidth(std::u16string_view operation, std::int32_t width) {
-    if (DebugOutput()) LogEntry(u"Mmapping", Concatenate(operation, kWrongWidth) + Text::FromInteger(width));
-}
-
-// The byte that holds the rest of a field: the one before in big endian.
-std::int64_t NextByte(const FieldPlace& place) noexcept {
-    return std::int64_t{place.index} + (place.order == eByteOrder::eBigEndian ? -1 : 1);
-}
-
-bool CrossesByte(const FieldPlace& place) noexcept {
-    return std::int64_t{place.bit} + place.width > kBitsOfByte;
-}
-
-template <class Image>
-std::optional<std::int32_t> ReadBits(const Image& source, const FieldPlace& place) {
-    std::uint8_t low = 0;
-    const std::uint8_t first = PeekByte(source, place.index);
-    if (!CrossesByte(place)) {
-        return Byte2Byte(low, first, -place.bit, place.width) ? std::optional(std::int32_t{low}) : std::nullopt;
-    }
-    const int inFirst = kBitsOfByte - place.bit;
-    std::uint8_t high = 0;
-    const bool copied = Byte2Byte(low, first, -place.bit, inFirst) &&
-                        Byte2Byte(high, PeekByte(source, NextByte(place)), 0, place.width - inFirst);
-    return copied ? std::optional((high << inFirst) + low) : std::nullopt;
-}
-
 }  // namespace
 
-FieldPlace PlaceField(const ImagePlace& place, std::int32_t ownWidth, bool reverseMapping) {
-    eByteOrder order = place.byteOrder;
-    if (reverseMapping) {
-        if (order == eByteOrder::eBigEndian) {
-            order = eByteOrder::eLittleEndian;
-        } else if (order == eByteOrder::eLittleEndian) {
-            order = eByteOrder::eBigEndian;
-        }
-    }
-    const std::int64_t index = std::int64_t{place.startByte} + place.startBit / kBitsOfByte;
-    return {static_cast<std::int32_t>(CheckedLong(index)), place.startBit % kBitsOfByte,
-            place.bitlength != 0 ? place.bitlength : ownWidth, order};
-}
-
 const char16_t* OperationName(const DeviceImage& image) noexcept {
-    return kOperationNames[image.index()];
-}
-
-std::uint8_t& ByteAt(ByteArray& image, std::int64_t index) {
-    const std::int64_t position = index - image.lower;
-    if (position < 0 || position >= static_cast<std::int64_t>(image.bytes.size())) {
-        Raise(ErrorNumber::SubscriptOutOfRange);
-    }
-    return image.bytes[static_cast<std::size_t>(position)];
-}
-
-std::uint8_t PeekByte(const ByteArray& image, std::int64_t index) noexcept {
-    const std::int64_t position = index - image.lower;
-    const bool isThere = position >= 0 && position < static_cast<std::int64_t>(image.bytes.size());
-    return isThere ? image.bytes[static_cast<std::size_t>(position)] : std::uint8_t{0};
+    constexpr std::array kNames = {kByteExport, kByteImport, kHexExport, kHexImport};
+    return kNames[image.index()];
 }
 
 std::uint8_t PeekByte(const Text& image, std::int64_t index) noexcept {
@@ -181,61 +110,21 @@ Currency BitStringField(const Text& image, const FieldPlace& place) {
     return ToCurrency(number);
 }
 
-bool ExportByteArray(ByteArray& target, std::int32_t value, const FieldPlace& place) {
-    if (!IsWholeBytes(place.width)) {
-        LogWrongWidth(u"ExportByteArray", place.width);
-        return false;
+bool RefuseWidth(std::u16string_view operation, std::int32_t width) {
+    if (DebugOutput()) {
+        LogEntry(u"Mmapping", Concatenate(operation, u": ERROR: bitlength>=8 and other than 8, 16, 24: BitLen=") +
+                                  Text::FromInteger(width));
     }
-    const std::int32_t count = place.width / kBitsOfByte;
-    const bool isBig = place.order == eByteOrder::eBigEndian;
-    if (count > 1 && !isBig && place.order != eByteOrder::eLittleEndian) return true;
-    auto rest = static_cast<std::uint32_t>(value);
-    const std::int64_t position = std::int64_t{place.index} - target.lower;
-    if (position >= 0 && position + count <= static_cast<std::int64_t>(target.bytes.size())) {
-        std::uint8_t* bytes = target.bytes.data() + position;
-        for (std::int32_t i = 0; i < count; ++i, rest >>= kBitsOfByte) {
-            bytes[isBig ? count - 1 - i : i] = static_cast<std::uint8_t>(rest);
-        }
-        return true;
-    }
-    // Up to the one that is not there. The least significant byte is the first one to be written, at whichever end it
-    // stands.
-    for (std::int32_t i = 0; i < count; ++i) {
-        ByteAt(target, std::int64_t{place.index} + (isBig ? count - 1 - i : i)) = static_cast<std::uint8_t>(rest);
-        rest >>= kBitsOfByte;
-    }
-    return true;
+    return false;
 }
 
-bool ImportByteArray(const ByteArray& source, std::optional<std::int32_t>& value, const FieldPlace& place) {
-    if (!IsWholeBytes(place.width)) {
-        LogWrongWidth(u"IBase_SpecParameter_ImportFromByteArrayMapByMemory()", place.width);
-        return false;
-    }
-    const std::int32_t count = place.width / kBitsOfByte;
-    const bool isBig = place.order == eByteOrder::eBigEndian;
-    if (count > 1 && !isBig && place.order != eByteOrder::eLittleEndian) return true;
-    const std::int64_t position = std::int64_t{place.index} - source.lower;
-    if (position < 0 || position + count > static_cast<std::int64_t>(source.bytes.size())) {
-        Raise(ErrorNumber::SubscriptOutOfRange);
-    }
-    const std::uint8_t* bytes = source.bytes.data() + position;
-    std::uint32_t pattern = 0;
+void WriteByByte(ByteArray& target, std::uint64_t pattern, std::int32_t first, std::int32_t count, eByteOrder order) {
+    const bool isBig = order == eByteOrder::eBigEndian;
     for (std::int32_t i = 0; i < count; ++i) {
-        pattern = pattern << kBitsOfByte | bytes[isBig ? i : count - 1 - i];
+        if (i == kMostBytes) Raise(ErrorNumber::SubscriptOutOfRange);
+        const std::int64_t index = std::int64_t{first} + (isBig ? std::int64_t{count} - 1 - i : i);
+        ByteAt(target, index) = static_cast<std::uint8_t>(pattern >> (kBitsOfByte * i));
     }
-    value = static_cast<std::int32_t>(pattern);
-    return true;
-}
-
-bool ExportBits(ByteArray& target, std::int32_t pattern, const FieldPlace& place) {
-    if (place.width <= 0) return false;
-    const auto low = static_cast<std::uint8_t>(pattern);
-    if (!CrossesByte(place)) return Byte2Byte(ByteAt(target, place.index), low, place.bit, place.width);
-    const int inFirst = kBitsOfByte - place.bit;
-    Byte2Byte(ByteAt(target, place.index), low, place.bit, inFirst);
-    return Byte2Byte(ByteAt(target, NextByte(place)), static_cast<std::uint8_t>(pattern >> inFirst), 0,
-                     place.width - inFirst);
 }
 
 bool ExportBits(Text& target, std::int32_t pattern, const FieldPlace& place) {
@@ -247,109 +136,14 @@ bool ExportBits(Text& target, std::int32_t pattern, const FieldPlace& place) {
         return true;
     };
     const auto low = static_cast<std::uint8_t>(pattern);
-    if (!CrossesByte(place)) return put(target, place.index, low, place.bit, place.width);
+    if (!place.CrossesByte()) return put(target, place.index, low, place.bit, place.width);
     const int inFirst = kBitsOfByte - place.bit;
     Text written = target;
     put(written, place.index, low, place.bit, inFirst);
     // As many bits as went into the first byte, and not the rest as in a byte array: the text's rule, on purpose.
-    const bool copied = put(written, NextByte(place), static_cast<std::uint8_t>(pattern >> inFirst), 0, inFirst);
+    const bool copied = put(written, place.NextByte(), static_cast<std::uint8_t>(pattern >> inFirst), 0, inFirst);
     target.Swap(written);
     return copied;
-}
-
-std::optional<std::int32_t> ImportBits(const ByteArray& source, const FieldPlace& place) {
-    return ReadBits(source, place);
-}
-
-std::optional<std::int32_t> ImportBits(const Text& source, const FieldPlace& place) {
-    return ReadBits(source, place);
-}
-
-namespace {
-
-// The four transfers by the kind of the image.
-struct LongTransfer {
-    LongField& field;
-    const FieldPlace& place;
-
-    bool IsNarrow() const { return place.width < kBitsOfByte; }
-
-    bool operator()(ByteArray* target) {
-        if (place.width <= 0) return false;
-        std::optional<std::int32_t> pattern = field.Pattern();
-        // A narrow field names the other operation, on purpose.
-        if (!pattern) field.LogNoConversion(IsNarrow() ? kHexExport : kOperationNames[0], place.width);
-        return IsNarrow() ? ExportBits(*target, pattern.value_or(0), place)
-                          : ExportByteArray(*target, pattern.value_or(0), place);
-    }
-
-    bool operator()(Text* target) {
-        const std::optional<std::int32_t> pattern = field.Pattern();
-        if (!pattern) field.LogNoConversion(kHexExport, place.width);
-        if (IsNarrow()) return ExportBits(*target, pattern.value_or(0), place);
-        if (!pattern) return true;  // done, with nothing written
-        WriteDigits(*target, place.index, LongToHexInOrder(*pattern, place.order, place.width / kBitsOfDigit));
-        return true;
-    }
-
-    bool operator()(const ByteArray* source) {
-        std::optional<std::int32_t> pattern;
-        if (IsNarrow()) {
-            pattern = ImportBits(*source, place);
-            // A narrow field names the other operation here, too.
-            return pattern && Take(*pattern, kHexImport);
-        }
-        if (!ImportByteArray(*source, pattern, place)) {
-            field.TakeFault();
-            return false;
-        }
-        return !pattern || Take(*pattern, kOperationNames[1]);
-    }
-
-    bool operator()(const Text* source) {
-        if (IsNarrow()) {
-            const std::optional<std::int32_t> pattern = ImportBits(*source, place);
-            return pattern && Take(*pattern, kHexImport);
-        }
-        if (place.width > 8 && place.width < 16) return TakeBitString(*source);
-        const std::int32_t count = place.width / kBitsOfDigit;
-        Text digits = ReadDigits(*source, place.index, count);
-        if (digits.size() < static_cast<std::size_t>(count)) {
-            field.TakeFault();
-            return false;
-        }
-        // Middle endian is taken for big endian.
-        if (place.order == eByteOrder::eLittleEndian) ReverseHexBytes(digits);
-        return Take(IntegerType<std::int32_t>::PatternOf(digits), kHexImport);
-    }
-
-    // The one way in that counts bits from the top, knows no order and no sign.
-    bool TakeBitString(const Text& source) {
-        try {
-            field.TakeNumber(BitStringField(source, place));
-            return true;
-        } catch (const RuntimeError&) {
-            field.TakeFault();
-            return false;
-        }
-    }
-
-    bool Take(std::int32_t pattern, const char16_t* operation) {
-        if (field.TakePattern(pattern)) return true;
-        field.LogNoConversion(operation, place.width);
-        field.TakeFault();
-        return false;
-    }
-};
-
-}  // namespace
-
-bool TransferLong(LongField& field, const DeviceImage& image, const FieldPlace& place) {
-    LongTransfer transfer{field, place};
-    if (auto* const* target = std::get_if<ByteArray*>(&image)) return transfer(*target);
-    if (const auto* const* source = std::get_if<const ByteArray*>(&image)) return transfer(*source);
-    if (auto* const* target = std::get_if<Text*>(&image)) return transfer(*target);
-    return transfer(std::get<const Text*>(image));
 }
 
 }  // namespace ov

@@ -1,5 +1,5 @@
 /// @file
-/// Fields in device images: where they lie, and the rules of whole numbers that are held in a Long.
+/// Fields in device images: where they lie, and how their bits are written and read.
 ///
 /// Bits are numbered from the least significant one of a byte. A field of 8 bits or more begins on a whole byte. An
 /// image never grows: a byte array is written byte by byte up to the one that it does not have, a text as a whole or
@@ -10,9 +10,16 @@
 #include <optional>
 
 #include "parameters/device_image.h"
+#include "platform/automation/errors.h"
 #include "platform/automation/variant.h"
+#include "platform/conversion/byte_copy.h"
+#include "platform/conversion/number_bytes.h"
 
 namespace ov {
+
+constexpr std::int32_t kBitsOfByte = 8;
+constexpr std::int32_t kBitsOfDigit = 4;
+constexpr std::int32_t kMostBytes = 8;  ///< of a number
 
 /// The place of a field, all defaults applied.
 struct FieldPlace {
@@ -20,35 +27,92 @@ struct FieldPlace {
     std::int32_t bit = 0;    ///< of that byte; below 0 for a start bit below 0
     std::int32_t width = 0;  ///< in bits
     eByteOrder order = eByteOrder::eLittleEndian;
+
+    bool IsBig() const noexcept { return order == eByteOrder::eBigEndian; }
+    /// Whether a field of less than 8 bits goes on in another byte.
+    bool CrossesByte() const noexcept { return std::int64_t{bit} + width > kBitsOfByte; }
+    /// The byte that holds the rest of such a field: the one before in big endian.
+    std::int64_t NextByte() const noexcept { return std::int64_t{index} + (IsBig() ? -1 : 1); }
 };
+
+/// Little for big endian and the other way round.
+constexpr eByteOrder Reversed(eByteOrder order) noexcept {
+    if (order == eByteOrder::eBigEndian) return eByteOrder::eLittleEndian;
+    return order == eByteOrder::eLittleEndian ? eByteOrder::eBigEndian : order;
+}
 
 /// @p ownWidth stands in for a width of 0; @p reverseMapping turns little and big endian round.
 /// @throws RuntimeError 6 for an index beyond a Long
-FieldPlace PlaceField(const ImagePlace& place, std::int32_t ownWidth, bool reverseMapping);
-
-constexpr std::int32_t kBitsOfByte = 8;
-constexpr std::int32_t kBitsOfDigit = 4;
+inline FieldPlace PlaceField(const ImagePlace& place, std::int32_t ownWidth, bool reverseMapping) {
+    const std::int64_t index = std::int64_t{place.startByte} + place.startBit / kBitsOfByte;
+    if (index != static_cast<std::int32_t>(index)) Raise(ErrorNumber::Overflow);
+    return {static_cast<std::int32_t>(index), place.startBit % kBitsOfByte,
+            place.bitlength != 0 ? place.bitlength : ownWidth,
+            reverseMapping ? Reversed(place.byteOrder) : place.byteOrder};
+}
 
 /// True if @p image is one that is read from.
 constexpr bool IsImport(const DeviceImage& image) noexcept {
     return std::holds_alternative<const ByteArray*>(image) || std::holds_alternative<const Text*>(image);
 }
+
+// The four transfers as log lines name them.
+constexpr const char16_t* kByteExport = u"IBase_SpecParameter_ExportToByteArrayMapByMemory";
+constexpr const char16_t* kByteImport = u"IBase_SpecParameter_ImportFromByteArrayMapByMemory";
+constexpr const char16_t* kHexExport = u"IBase_SpecParameter_ExportToHexStringMapByMemory";
+constexpr const char16_t* kHexImport = u"IBase_SpecParameter_ImportFromHexStringMapByMemory";
 /// The operation on @p image as log lines name it, with "(): ERROR: " or the like still to follow.
 const char16_t* OperationName(const DeviceImage& image) noexcept;
 
 // The bytes of an image.
 
 /// @throws RuntimeError 9 for an index that the array does not have
-std::uint8_t& ByteAt(ByteArray& image, std::int64_t index);
+template <class Bytes>
+auto& ByteAt(Bytes& image, std::int64_t index) {
+    const auto position = static_cast<std::uint64_t>(index - image.lower);
+    if (position >= image.bytes.size()) Raise(ErrorNumber::SubscriptOutOfRange);
+    return image.bytes[position];
+}
 /// The byte, or 0 where there is none. Of a text the number that the two digits are, the last one alone if there is no
 /// second one.
-std::uint8_t PeekByte(const ByteArray& image, std::int64_t index) noexcept;
+inline std::uint8_t PeekByte(const ByteArray& image, std::int64_t index) noexcept {
+    const auto position = static_cast<std::uint64_t>(index - image.lower);
+    return position < image.bytes.size() ? image.bytes[position] : std::uint8_t{0};
+}
 std::uint8_t PeekByte(const Text& image, std::int64_t index) noexcept;
 /// Writes upper-case digits from byte @p index on. @throws RuntimeError 5 if they would not all lie in the text, 6 for
 /// a position beyond a Long
 void WriteDigits(Text& image, std::int64_t index, std::u16string_view digits);
 /// The @p count digits from byte @p index on, fewer at the end of the text. @throws RuntimeError 5, 6 as above
 Text ReadDigits(const Text& image, std::int64_t index, std::int32_t count);
+
+// Fields of @p count whole bytes in an array, from index @p first on. Every order but big endian is little endian.
+
+/// Writes the lowest bits of @p pattern, the least significant byte first, at whichever end it stands, and up to the
+/// one that is not there or is beyond the eighth. @throws RuntimeError 9 there
+void WriteByByte(ByteArray& target, std::uint64_t pattern, std::int32_t first, std::int32_t count, eByteOrder order);
+inline void WritePattern(ByteArray& target, std::uint64_t pattern, std::int32_t first, std::int32_t count,
+                         eByteOrder order) {
+    const auto position = static_cast<std::uint64_t>(std::int64_t{first} - target.lower);
+    const auto size = static_cast<std::size_t>(count);
+    if (size - 1 >= kMostBytes || position >= target.bytes.size() || size > target.bytes.size() - position) {
+        WriteByByte(target, pattern, first, count, order);
+    } else {
+        if (order == eByteOrder::eBigEndian) pattern = ReverseBytes(pattern, size);
+        Long2Bytes(pattern, {target.bytes.data() + position, size});
+    }
+}
+/// @pre count <= kMostBytes @throws RuntimeError 9 unless the array has all bytes
+inline std::uint64_t ReadPattern(const ByteArray& source, std::int32_t first, std::int32_t count, eByteOrder order) {
+    if (count <= 0) return 0;
+    const auto position = static_cast<std::uint64_t>(std::int64_t{first} - source.lower);
+    const auto size = static_cast<std::size_t>(count);
+    if (position >= source.bytes.size() || size > source.bytes.size() - position) {
+        Raise(ErrorNumber::SubscriptOutOfRange);
+    }
+    const std::uint64_t pattern = Bytes2Long({source.bytes.data() + position, size});
+    return order == eByteOrder::eBigEndian ? ReverseBytes(pattern, size) : pattern;
+}
 
 // The routines of `Mmapping`.
 
@@ -58,39 +122,62 @@ Text LongToHexInOrder(std::int32_t value, eByteOrder order, std::int32_t count);
 /// The bits of @p place in the text as a number, the first one being the highest of its first byte, whatever the order.
 /// @throws RuntimeError 5 for a place before the text, 6 for one beyond a Long
 Currency BitStringField(const Text& image, const FieldPlace& place);
+
+/// Leaves the log line about a field of whole bytes that is neither of 8, 16, 24 nor 32 bits. False.
+bool RefuseWidth(std::u16string_view operation, std::int32_t width);
+/// Whether a Long moves to or from whole bytes at all: one that has more than one does in no order but big and little.
+inline bool HasOrder(const FieldPlace& place) noexcept {
+    return place.IsBig() || place.order == eByteOrder::eLittleEndian || place.width == kBitsOfByte;
+}
+constexpr bool IsWidthOfLong(std::int32_t width) noexcept {
+    return width % kBitsOfByte == 0 && width >= kBitsOfByte && width <= 4 * kBitsOfByte;
+}
 /// Writes a field of 8, 16, 24 or 32 bits. False, with a log line, for any other width; a byte order that is neither
 /// little nor big endian writes nothing, which counts as done. @throws RuntimeError 9
-bool ExportByteArray(ByteArray& target, std::int32_t value, const FieldPlace& place);
+inline bool ExportByteArray(ByteArray& target, std::int32_t value, const FieldPlace& place) {
+    if (!IsWidthOfLong(place.width)) return RefuseWidth(u"ExportByteArray", place.width);
+    if (!HasOrder(place)) return true;
+    WritePattern(target, static_cast<std::uint32_t>(value), place.index, place.width / kBitsOfByte, place.order);
+    return true;
+}
 /// The mirror image; the pattern is without sign below 32 bits. Middle endian leaves @p value untouched.
-bool ImportByteArray(const ByteArray& source, std::optional<std::int32_t>& value, const FieldPlace& place);
+inline bool ImportByteArray(const ByteArray& source, std::optional<std::int32_t>& value, const FieldPlace& place) {
+    if (!IsWidthOfLong(place.width)) {
+        return RefuseWidth(u"IBase_SpecParameter_ImportFromByteArrayMapByMemory()", place.width);
+    }
+    if (!HasOrder(place)) return true;
+    value = static_cast<std::int32_t>(ReadPattern(source, place.index, place.width / kBitsOfByte, place.order));
+    return true;
+}
 
 // Fields of less than 8 bits, which may lie across the border of two bytes.
 
-bool ExportBits(ByteArray& target, std::int32_t pattern, const FieldPlace& place);
+inline bool ExportBits(ByteArray& target, std::int32_t pattern, const FieldPlace& place) {
+    if (place.width <= 0) return false;
+    std::uint8_t& first = ByteAt(target, place.index);
+    if (place.bit < 0) return Byte2Byte(first, static_cast<std::uint8_t>(pattern), place.bit, place.width);
+    const unsigned mask = ((1U << place.width) - 1) << place.bit;
+    const unsigned bits = static_cast<unsigned>(pattern) << place.bit & mask;
+    first = static_cast<std::uint8_t>((first & ~mask) | bits);
+    if (place.CrossesByte()) {
+        std::uint8_t& next = ByteAt(target, place.NextByte());
+        next = static_cast<std::uint8_t>((next & ~(mask >> kBitsOfByte)) | bits >> kBitsOfByte);
+    }
+    return true;
+}
 bool ExportBits(Text& target, std::int32_t pattern, const FieldPlace& place);
-/// Nullopt for a width below 0. Bytes that the image does not have read as 0.
-std::optional<std::int32_t> ImportBits(const ByteArray& source, const FieldPlace& place);
-std::optional<std::int32_t> ImportBits(const Text& source, const FieldPlace& place);
-
-/// What the rules of whole numbers ask of a class that holds or moves them as a Long.
-class LongField {
-public:
-    /// The bits to be written; nullopt where the class has none for its width and sign.
-    virtual std::optional<std::int32_t> Pattern() = 0;
-    /// Takes the bits that were read. False where the class has no number for them.
-    virtual bool TakePattern(std::int32_t pattern) = 0;
-    /// Takes a number as it is.
-    virtual void TakeNumber(const Variant& number) = 0;
-    /// Takes the state of a failed import.
-    virtual void TakeFault() = 0;
-    /// Logs that @p operation has no conversion for a field of @p width bits.
-    virtual void LogNoConversion(const char16_t* operation, std::int32_t width) = 0;
-
-protected:
-    ~LongField() = default;
-};
-
-/// One of the four transfers by the rules of whole numbers. What it raises is a failure of the transfer.
-bool TransferLong(LongField& field, const DeviceImage& image, const FieldPlace& place);
+/// Nullopt for a width below 0. Bytes that the image does not have read as 0. @p Image is an array or a text.
+template <class Image>
+std::optional<std::int32_t> ImportBits(const Image& source, const FieldPlace& place) {
+    if (place.width < 0) return std::nullopt;
+    unsigned bits = PeekByte(source, place.index);
+    if (place.bit < 0) {
+        std::uint8_t low = 0;
+        Byte2Byte(low, static_cast<std::uint8_t>(bits), -place.bit, place.width);
+        return low;
+    }
+    if (place.CrossesByte()) bits |= static_cast<unsigned>(PeekByte(source, place.NextByte())) << kBitsOfByte;
+    return static_cast<std::int32_t>(bits >> place.bit & ((1U << place.width) - 1));
+}
 
 }  // namespace ov

@@ -7,7 +7,7 @@
 /// | `TypedParameter<T>`   | the value as a T; both ways of writing it; default, reset, comparison              |
 /// | `ScaledParameter<T>`  | numbers: gain and offset, limits, the text for files                               |
 /// | `IntegerParameter<T>` | whole numbers: width and sign, display forms                                       |
-/// | a final class         | what is its own                                                                    |
+/// | a final class         | what is its own; the transfers with a device image by `ImageTransfers`             |
 ///
 /// Rules, listeners and the dependency sweep run any code, which may write this parameter, unload its tree or let go of
 /// it. So an operation that runs them holds the parameter while it lasts, and asks for row and group anew after each.
@@ -43,7 +43,7 @@ protected:
     virtual Ref<IBase_GuiGroup> GuiGroup() = 0;
 };
 
-/// The same for the engine. Set acts as let, and the four transfers are one operation.
+/// The same for the engine. Set acts as let.
 class SpecParameterFacet : public Facet<IBase_SpecParameter> {
 public:
     Variant get_value() final { return EngineValue(); }
@@ -52,39 +52,11 @@ public:
     void set_realvalue(const Variant& value) final { let_realvalue(value); }
     void set_tag(const Variant& value) final { let_tag(value); }
     Ref<IBase_SpecGroup> group() final { return SpecGroup(); }
-    bool ExportToByteArrayMapByMemory(ByteArray& target, std::optional<std::int32_t> startByte,
-                                      std::optional<std::int32_t> bitlength, std::optional<std::int32_t> startBit,
-                                      std::optional<eByteOrder> byteOrder) final {
-        return Transfer(&target, PlaceOf(startByte, bitlength, startBit, byteOrder));
-    }
-    bool ImportFromByteArrayMapByMemory(const ByteArray& source, std::optional<std::int32_t> startByte,
-                                        std::optional<std::int32_t> bitlength, std::optional<std::int32_t> startBit,
-                                        std::optional<eByteOrder> byteOrder) final {
-        return Transfer(&source, PlaceOf(startByte, bitlength, startBit, byteOrder));
-    }
-    bool ExportToHexStringMapByMemory(Text& target, std::optional<std::int32_t> startByte,
-                                      std::optional<std::int32_t> bitlength, std::optional<std::int32_t> startBit,
-                                      std::optional<eByteOrder> byteOrder) final {
-        return Transfer(&target, PlaceOf(startByte, bitlength, startBit, byteOrder));
-    }
-    bool ImportFromHexStringMapByMemory(const Text& source, std::optional<std::int32_t> startByte,
-                                        std::optional<std::int32_t> bitlength, std::optional<std::int32_t> startBit,
-                                        std::optional<eByteOrder> byteOrder) final {
-        return Transfer(&source, PlaceOf(startByte, bitlength, startBit, byteOrder));
-    }
 
 protected:
     virtual Variant EngineValue() = 0;
     virtual void WriteByEngine(const Variant& value) = 0;
     virtual Ref<IBase_SpecGroup> SpecGroup() = 0;
-    virtual bool Transfer(DeviceImage image, const ImagePlace& place) = 0;
-
-private:
-    static ImagePlace PlaceOf(std::optional<std::int32_t> startByte, std::optional<std::int32_t> bitlength,
-                              std::optional<std::int32_t> startBit, std::optional<eByteOrder> byteOrder) {
-        return {startByte.value_or(0), bitlength.value_or(0), startBit.value_or(0),
-                byteOrder.value_or(eByteOrder::eLittleEndian)};
-    }
 };
 
 /// The part of a parameter that knows nothing of the value's type.
@@ -168,10 +140,6 @@ protected:
     /// Unit texts follow the module's language at their next read.
     virtual void RefreshUnitForLanguage();
 
-    bool Transfer(DeviceImage image, const ImagePlace& place) override;
-    /// Moves the value to or from a device image. What it raises is a failed transfer, which an import leaves a log
-    /// line of.
-    virtual bool MoveValue(const DeviceImage& /*image*/, const ImagePlace& /*place*/) { return false; }
     Text ShownValue() override;
     Ref<IBase_GuiGroup> GuiGroup() override { return facet<IBase_GuiGroup>(mGroup); }
     Ref<IBase_SpecGroup> SpecGroup() override { return facet<IBase_SpecGroup>(mGroup); }
@@ -215,33 +183,19 @@ protected:
     /// Evaluates a rule; a failure is logged and counts as False.
     bool EvaluateRule(const Text& script);
     /// Runs the action that the descriptor has for a value, which is given by its text.
-    void RunActionOnChange(const Text& valueText);
+    void RunActionOnChange();
 
     // Log lines have the parameter as source.
     void Log(const Text& message);
     void LogWithId(const Text& message);  ///< behind "(ParamId ID) "
-
-    Ref<Collection> mData;
-    Ref<ParameterOwner> mGroup;
-    Ref<ParamDependency> mDependency;
-    Variant mId;
-    Text mMinScript, mMaxScript;  // "" or the mark of the class once the limit is settled
-    Text mUnit, mUnitScript;
-    Text mErrorText;  // why the last check or edit failed; for the eye of a debugger
-    std::int32_t mDBindex = 0;
-    std::int32_t mLanguage = 0;  // of mUnitScript
-    eParameterValueExt mValueExt = eParameterValueExt::eParamValueExtNormalValue;
-    eParameterValueExt mSavedValueExt = eParameterValueExt::eParamValueExtNormalValue;
-    LoadState mLoadState = LoadState::NeverConfigured;
-    bool mConsistent = false;
-    bool mUnknown = false;
+    void LogFailedImport(const DeviceImage& image, const RuntimeError& failure);
 
 private:
     Ref<Collection> RowOf(ParameterOwner& parent, const Variant& desc);
     void ConfigureFirst();
     void FetchUnit(ModuleServices* module);
     Text TranslatedText(const char16_t* column) const;
-    Ref<Collection> LoadActionTable();
+    Ref<Collection> LoadActionTable(const Text& key);
     void ReadActions(const Text& key, Collection& actions);
     void SetUnknownTo(bool unknown);
     void SetDatasetLocked(bool locked);
@@ -253,6 +207,23 @@ private:
     eParameterConfigState mConfigState = eParameterConfigState::eParameterValid;
     bool mScriptAccess = false;
     bool mDatasetLocked = false;
+
+protected:
+    Ref<Collection> mData;
+    Ref<ParameterOwner> mGroup;
+    Ref<ParamDependency> mDependency;
+    Variant mId;
+    Text mMinScript, mMaxScript;  // "" or the mark of the class once the limit is settled
+    Text mUnit, mUnitScript;
+    Text mErrorText;  // why the last check or edit failed; for the eye of a debugger
+    std::int32_t mDBindex = 0;
+    std::int32_t mLanguage = 0;  // of mUnitScript
+    // Last, so that they lie beside the value: the transfer of an image touches no more.
+    eParameterValueExt mSavedValueExt = eParameterValueExt::eParamValueExtNormalValue;
+    eParameterValueExt mValueExt = eParameterValueExt::eParamValueExtNormalValue;
+    LoadState mLoadState = LoadState::NeverConfigured;
+    bool mConsistent = false;
+    bool mUnknown = false;
 };
 
 template <class Limit>

@@ -13,8 +13,11 @@ constexpr const char16_t* kElse = u"ELSE";  // key of the action for every value
 
 }  // namespace
 
-void Parameter::RunActionOnChange(const Text& valueText) {
-    const Ref<Collection> actions = LoadActionTable();
+void Parameter::RunActionOnChange() {
+    const Text key = mData ? CellText(u"actionOnChange") : Text();
+    if (key.empty()) return;
+    const Text valueText = ValueText();
+    const Ref<Collection> actions = LoadActionTable(key);
     const Variant* action = actions->Find(valueText);
     if (!action) action = actions->Find(kElse);
     if (!action || action->IsNull()) return;
@@ -24,10 +27,8 @@ void Parameter::RunActionOnChange(const Text& valueText) {
 }
 
 // Read anew for every write: actions are rare, and their scripts may depend on anything.
-Ref<Collection> Parameter::LoadActionTable() {
+Ref<Collection> Parameter::LoadActionTable(const Text& key) {
     Ref<Collection> actions = MakeObject<Collection>();
-    const Text key = mData ? CellText(u"actionOnChange") : Text();
-    if (key.empty()) return actions;
     try {
         ReadActions(key, *actions);
     } catch (const RuntimeError& failure) {

@@ -18,15 +18,7 @@ std::int32_t LowBits(const Decimal& pattern) {
 
 }  // namespace
 
-bool ParameterDecimal::MoveValue(const DeviceImage& image, const ImagePlace& place) {
-    const FieldPlace field = PlaceField(place, mBitLen, mReverseMapping);
-    if (auto* const* bytes = std::get_if<ByteArray*>(&image)) return Export(**bytes, field);
-    if (auto* const* text = std::get_if<Text*>(&image)) return Export(**text, field);
-    if (const auto* const* bytes = std::get_if<const ByteArray*>(&image)) return Import(**bytes, field);
-    return Import(*std::get<const Text*>(image), field);
-}
-
-bool ParameterDecimal::Export(ByteArray& target, const FieldPlace& place) {
+bool ParameterDecimal::Move(ByteArray& target, const FieldPlace& place) {
     if (place.width <= 0) return false;
     const Decimal pattern = Pattern();
     if (place.width >= kBitsOfByte) {
@@ -36,14 +28,14 @@ bool ParameterDecimal::Export(ByteArray& target, const FieldPlace& place) {
     return Byte2Byte(ByteAt(target, place.index), static_cast<std::uint8_t>(LowBits(pattern)), place.bit, place.width);
 }
 
-bool ParameterDecimal::Export(Text& target, const FieldPlace& place) {
+bool ParameterDecimal::Move(Text& target, const FieldPlace& place) {
     const Decimal pattern = Pattern();
     if (place.width < kBitsOfByte) return ExportBits(target, LowBits(pattern), place);
     WriteDigits(target, place.index, Dec2Hex(pattern, place.order, place.width / kBitsOfDigit));
     return true;
 }
 
-bool ParameterDecimal::Import(const ByteArray& source, const FieldPlace& place) {
+bool ParameterDecimal::Move(const ByteArray& source, const FieldPlace& place) {
     if (place.width < kBitsOfByte) {
         std::uint8_t bits = 0;
         return Byte2Byte(bits, PeekByte(source, place.index), -place.bit, place.width) && TakePattern(Decimal(bits));
@@ -59,7 +51,7 @@ bool ParameterDecimal::Import(const ByteArray& source, const FieldPlace& place) 
     return TakePattern(ByteArray2Dec(source, place.index, place.width / kBitsOfByte, place.order));
 }
 
-bool ParameterDecimal::Import(const Text& source, const FieldPlace& place) {
+bool ParameterDecimal::Move(const Text& source, const FieldPlace& place) {
     if (place.width < kBitsOfByte) {
         const std::optional<std::int32_t> bits = ImportBits(source, place);
         return bits && TakePattern(Decimal(*bits));
@@ -84,5 +76,7 @@ bool ParameterDecimal::TakeFault() {
     WriteState(eParameterValueExt::eParamValueExtErrorSettingValue);
     return false;
 }
+
+template class ImageTransfers<ParameterDecimal, IntegerParameter<Decimal>>;
 
 }  // namespace ov

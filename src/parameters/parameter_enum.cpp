@@ -27,14 +27,14 @@ void ParameterEnum::CheckFurther(bool& passes, bool limitsChanged) {
 }
 
 void ParameterEnum::AfterUserWrite(const Content& former) {
-    RunActionOnChange(KeyOf(mValue));
+    RunActionOnChange();
     if (mEnumKind == Kind::Action) PutBack(former);
 }
 
 // The engine's writes run the action of a push button alone.
 void ParameterEnum::AfterEngineWrite(const Content& former) {
     if (mEnumKind != Kind::Action) return;
-    RunActionOnChange(KeyOf(mValue));
+    RunActionOnChange();
     PutBack(former);
 }
 

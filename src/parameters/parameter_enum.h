@@ -4,13 +4,15 @@
 
 #include "contract/default_interfaces.h"
 #include "parameters/enumeration_parameter.h"
+#include "parameters/image_transfers.h"
 
 namespace ov {
 
 /// CBase_ParameterEnum: a number chosen from an enumeration or from the rows of a statement. Of type "ACTION" it is a
 /// push button: a write runs the action of the value, and the value is what it was before.
 class ParameterEnum final
-    : public Object<ParameterEnum, Facet<CBase_ParameterEnum>, EnumerationParameter<std::int32_t, ListedNumber>> {
+    : public Object<ParameterEnum, Facet<CBase_ParameterEnum>,
+                    ImageTransfers<ParameterEnum, EnumerationParameter<std::int32_t, ListedNumber>>> {
 public:
     static constexpr const char* kClassName = "CBase_ParameterEnum";
 

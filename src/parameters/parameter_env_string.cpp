@@ -24,13 +24,23 @@ Text ParameterENVString::DisplayText(const Text& value, Purpose) {
 
 bool ParameterENVString::MoveValue(const DeviceImage& image, const ImagePlace&) {
     if (!IsImport(image)) return true;
+    const Ref<IBase_GuiParameter> alive = KeptAlive();
+    try {
+        Fetch();
+        return true;
+    } catch (const RuntimeError& failure) {
+        LogFailedImport(image, failure);
+        return false;
+    }
+}
+
+void ParameterENVString::Fetch() {
     const Ref<ModuleServices> module = Module();
     const Ref<CBase_Environment> environment = module ? module->Environment() : nullptr;
     if (!environment) Raise(ErrorNumber::ObjectVariableNotSet);
     environment->let_Variable(kRequest, Text());  // so that the next write is a change, and told, every time
     environment->let_Variable(kRequest, mKey);
     let_realvalue(environment->get_Variable(mKey));
-    return true;
 }
 
 }  // namespace ov

@@ -35,19 +35,6 @@ Text Parameter::ShownValue() {
     }
 }
 
-bool Parameter::Transfer(DeviceImage image, const ImagePlace& place) {
-    // An export runs no foreign code.
-    const Ref<IBase_GuiParameter> alive = IsImport(image) ? KeptAlive() : nullptr;
-    try {
-        return MoveValue(image, place);
-    } catch (const RuntimeError& failure) {
-        if (IsImport(image) && DebugOutput()) {
-            LogWithId(OperationName(image) + (u"(): ERROR: Aktion nicht möglich (" + failure.description()) + u")");
-        }
-        return false;
-    }
-}
-
 Text Parameter::TranslatedText(const char16_t* column) const {
     const Ref<ModuleServices> module = Module();
     return module ? module->GetTranslatedText(ToLong(CellOr(column, 0))) : Text();
@@ -190,6 +177,11 @@ void Parameter::Notify(Event event) {
 
 void Parameter::Log(const Text& message) {
     LogEntry(Identity(), message);
+}
+
+void Parameter::LogFailedImport(const DeviceImage& image, const RuntimeError& failure) {
+    if (!DebugOutput()) return;
+    LogWithId(OperationName(image) + (u"(): ERROR: Aktion nicht möglich (" + failure.description()) + u")");
 }
 
 void Parameter::LogWithId(const Text& message) {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "contract/default_interfaces.h"
+#include "parameters/image_transfers.h"
 #include "parameters/memory_map.h"
 #include "parameters/scaled_parameter.h"
 #include "platform/format/format.h"
@@ -11,13 +12,23 @@ namespace ov {
 
 /// CBase_ParameterFloat: a number held in a Double. In a device image it is an IEEE 754 single, or a whole number where
 /// its subtype tells one.
-class ParameterFloat final : public Object<ParameterFloat, Facet<CBase_ParameterFloat>, ScaledParameter<double>>,
-                             private LongField {
+class ParameterFloat final : public Object<ParameterFloat, Facet<CBase_ParameterFloat>,
+                                           ImageTransfers<ParameterFloat, ScaledParameter<double>>> {
 public:
     static constexpr const char* kClassName = "CBase_ParameterFloat";
 
     /// The text "QNAN" in state NaN, whatever gain and offset are.
     Variant get_realvalue() override;
+
+    template <class Image>
+    bool MoveValue(Image* image, const ImagePlace& place);
+
+    // Its ways as a LongField, where it is no IEEE single.
+    std::optional<std::int32_t> Pattern();
+    bool TakePattern(std::int32_t pattern);
+    void TakeNumber(const Variant& number) { let_realvalue(number); }
+    void TakeFault() { WriteState(eParameterValueExt::eParamValueExtErrorSettingValue); }
+    void LogNoConversion(const char16_t*, std::int32_t) {}  // any field has a number here
 
 private:
     enum class Sign : std::uint8_t { Signed, Unsigned, Ieee };
@@ -40,30 +51,27 @@ private:
     Content ContentOfDefault(const Variant& value) override;
     double DefaultFromLimits() override;
 
-    bool MoveValue(const DeviceImage& image, const ImagePlace& place) override;
-    bool ExportSingle(ByteArray& target, const FieldPlace& place);
-    bool ExportSingle(Text& target, const FieldPlace& place);
-    bool ImportSingle(const ByteArray& source, const FieldPlace& place);
-    bool ImportSingle(const Text& source, const FieldPlace& place);
+    bool MoveSingle(ByteArray* target, const FieldPlace& place);
+    bool MoveSingle(Text* target, const FieldPlace& place);
+    bool MoveSingle(const ByteArray* source, const FieldPlace& place);
+    bool MoveSingle(const Text* source, const FieldPlace& place);
+    void TakeSingle(float number);
     /// Takes the bits of a single if they are no number; True if they are none.
     bool TakeNaN(std::int32_t bits, const DeviceImage& image);
-    std::optional<std::int32_t> Pattern() override;
-    bool TakePattern(std::int32_t pattern) override;
-    void TakeNumber(const Variant& number) override { let_realvalue(number); }
-    void TakeFault() override { WriteState(eParameterValueExt::eParamValueExtErrorSettingValue); }
-    void LogNoConversion(const char16_t*, std::int32_t) override {}  // any field has a number here
 
+    std::int32_t mBitLen = 0;
+    Sign mSign = Sign::Ieee;
+    bool mRound = false;
+    bool mReverseMapping = false;
+    Form mForm = Form::Plain;
+    std::int32_t mRoundDigits = 0;
+    std::uint8_t mDisplayDigits = 4;
+    double mPrecision = 0;      // steps in the range
     Text mDisplayFormatScript;  // as it stands in the row
     Text mDisplayFormat;        // as of the last check
     Picture mPicture;           // of mDisplayFormat
-    double mPrecision = 0;      // steps in the range
-    std::int32_t mBitLen = 0;
-    std::int32_t mRoundDigits = 0;
-    Sign mSign = Sign::Ieee;
-    Form mForm = Form::Plain;
-    std::uint8_t mDisplayDigits = 4;
-    bool mRound = false;
-    bool mReverseMapping = false;
 };
+
+extern template class ImageTransfers<ParameterFloat, ScaledParameter<double>>;
 
 }  // namespace ov

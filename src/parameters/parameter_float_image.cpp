@@ -1,13 +1,10 @@
 // A float in a device image. The order of an IEEE single is the caller's alone: "reverseMapping" does not turn it.
-#include <array>
 #include <bit>
 #include <limits>
 
-#include "parameters/bit_conversions.h"
-#include "parameters/integer_type.h"
+#include "parameters/long_transfer.h"
 #include "parameters/parameter_float.h"
 #include "platform/automation/conversions.h"
-#include "platform/conversion/number_bytes.h"
 #include "support/diagnostics.h"
 
 namespace ov {
@@ -22,7 +19,7 @@ constexpr std::int32_t kExponent = 0x7F800000;
 // What NaN looks like: the text in any order; the bytes with the most significant one where a number has the least
 // significant one. Peers expect exactly these.
 constexpr std::u16string_view kNaNDigits = u"7FA00000";
-constexpr std::array<std::uint8_t, 4> kNaNBytes = {0x7F, 0xA0, 0x00, 0x00};
+constexpr std::uint32_t kNaNBytes = 0x0000'A07F;
 
 // @throws RuntimeError 6 beyond a Single
 float SingleOf(double number) {
@@ -30,63 +27,59 @@ float SingleOf(double number) {
     return number >= -kMost && number <= kMost ? static_cast<float>(number) : ToSingle(number);
 }
 
-// Index of the byte of weight 256^i. Middle endian is taken for little endian.
-std::int64_t IndexOf(const FieldPlace& place, std::int32_t i) {
-    return std::int64_t{place.index} + (place.order == eByteOrder::eBigEndian ? kBytesOfSingle - 1 - i : i);
-}
-
 }  // namespace
 
-bool ParameterFloat::MoveValue(const DeviceImage& image, const ImagePlace& place) {
+template <class Image>
+bool ParameterFloat::MoveValue(Image* image, const ImagePlace& place) {
     FieldPlace field = PlaceField(place, mBitLen, mReverseMapping);
-    if (mSign != Sign::Ieee || field.width != kBitsOfSingle) return TransferLong(*this, image, field);
+    if (mSign != Sign::Ieee || field.width != kBitsOfSingle) return LongTransfer{*this, field}(image);
     field.order = place.byteOrder;
-    if (auto* const* bytes = std::get_if<ByteArray*>(&image)) return ExportSingle(**bytes, field);
-    if (auto* const* text = std::get_if<Text*>(&image)) return ExportSingle(**text, field);
-    if (const auto* const* bytes = std::get_if<const ByteArray*>(&image)) return ImportSingle(**bytes, field);
-    return ImportSingle(*std::get<const Text*>(image), field);
+    return MoveSingle(image, field);
 }
 
-bool ParameterFloat::ExportSingle(ByteArray& target, const FieldPlace& place) {
-    std::array<std::uint8_t, 4> bytes = kNaNBytes;
-    if (mValueExt != eParameterValueExt::eParamValueExtNaN) Float2Bytes(SingleOf(DeviceNumber()), bytes);
-    for (std::int32_t i = 0; i < kBytesOfSingle; ++i) {
-        ByteAt(target, IndexOf(place, i)) = bytes[static_cast<std::size_t>(i)];
-    }
+// In an array middle endian is taken for little endian.
+bool ParameterFloat::MoveSingle(ByteArray* target, const FieldPlace& place) {
+    const bool isNaN = mValueExt == eParameterValueExt::eParamValueExtNaN;
+    const std::uint32_t bits = isNaN ? kNaNBytes : std::bit_cast<std::uint32_t>(SingleOf(DeviceNumber()));
+    WritePattern(*target, bits, place.index, kBytesOfSingle, place.order);
     return true;
 }
 
-bool ParameterFloat::ExportSingle(Text& target, const FieldPlace& place) {
+bool ParameterFloat::MoveSingle(Text* target, const FieldPlace& place) {
     if (mValueExt == eParameterValueExt::eParamValueExtNaN) {
-        WriteDigits(target, place.index, kNaNDigits);
+        WriteDigits(*target, place.index, kNaNDigits);
     } else {
         const std::int32_t bits = Float2Long(SingleOf(DeviceNumber()));
-        WriteDigits(target, place.index, LongToHexInOrder(bits, place.order, kDigitsOfSingle));
+        WriteDigits(*target, place.index, LongToHexInOrder(bits, place.order, kDigitsOfSingle));
     }
     return true;
 }
 
-bool ParameterFloat::ImportSingle(const ByteArray& source, const FieldPlace& place) {
-    std::optional<std::int32_t> bits;
-    FieldPlace readable = place;
-    if (place.order != eByteOrder::eBigEndian) readable.order = eByteOrder::eLittleEndian;
-    ImportByteArray(source, bits, readable);
-    if (!TakeNaN(*bits, &source)) TakeDeviceNumber(static_cast<double>(std::bit_cast<float>(*bits)));
+bool ParameterFloat::MoveSingle(const ByteArray* source, const FieldPlace& place) {
+    const auto bits = static_cast<std::int32_t>(ReadPattern(*source, place.index, kBytesOfSingle, place.order));
+    if (!TakeNaN(bits, source)) TakeSingle(std::bit_cast<float>(bits));
     return true;
 }
 
-bool ParameterFloat::ImportSingle(const Text& source, const FieldPlace& place) {
-    const std::u16string operation = OperationName(&source);
-    Text digits = ReadDigits(source, place.index, kDigitsOfSingle);
+bool ParameterFloat::MoveSingle(const Text* source, const FieldPlace& place) {
+    Text digits = ReadDigits(*source, place.index, kDigitsOfSingle);
     if (digits.size() < kDigitsOfSingle) {
-        if (DebugOutput()) LogWithId(operation + u"(): ERROR: no stream data");
+        if (DebugOutput()) LogWithId(Text(kHexImport) + u"(): ERROR: no stream data");
         TakeFault();
         return false;
     }
     if (place.order == eByteOrder::eLittleEndian) ReverseHexBytes(digits);
     const std::int32_t bits = IntegerType<std::int32_t>::PatternOf(digits);
-    if (!TakeNaN(bits, &source)) TakeDeviceNumber(static_cast<double>(Long2Float(bits)));
+    if (!TakeNaN(bits, source)) TakeSingle(Long2Float(bits));
     return true;
+}
+
+void ParameterFloat::TakeSingle(float number) {
+    if (mRound) {
+        WriteDeviceNumber(static_cast<double>(number));
+    } else {
+        TakeDeviceNumber(static_cast<double>(number));
+    }
 }
 
 bool ParameterFloat::TakeNaN(std::int32_t bits, const DeviceImage& image) {
@@ -106,5 +99,7 @@ bool ParameterFloat::TakePattern(std::int32_t pattern) {
     let_realvalue(hasSign ? Unsigned2SignedL(pattern, mBitLen) : pattern);
     return true;
 }
+
+template class ImageTransfers<ParameterFloat, ScaledParameter<double>>;
 
 }  // namespace ov

@@ -1,6 +1,6 @@
 #include "parameters/parameter_int.h"
 
-#include "parameters/bit_conversions.h"
+#include "parameters/long_transfer.h"
 #include "support/diagnostics.h"
 
 namespace ov {
@@ -11,8 +11,10 @@ constexpr std::int32_t kBitsOfLong = 32;
 
 }  // namespace
 
-bool ParameterInt::MoveValue(const DeviceImage& image, const ImagePlace& place) {
-    return TransferLong(*this, image, PlaceField(place, mBitLen, mReverseMapping));
+template <class Image>
+bool ParameterInt::MoveValue(Image* image, const ImagePlace& place) {
+    const FieldPlace field = PlaceField(place, mBitLen, mReverseMapping);
+    return LongTransfer{*this, field}(image);
 }
 
 // Sign is the subtype's affair: it goes by the width told there, however wide the field is.
@@ -35,5 +37,7 @@ void ParameterInt::LogNoConversion(const char16_t* operation, std::int32_t width
     Log(operation + (u"(): ERROR: conversion not possible with BitLen=" + Text::FromInteger(width)) + u" and subtype=" +
         (mUnsigned ? u"unsigned" : u"signed"));
 }
+
+template class ImageTransfers<ParameterInt, IntegerParameter<std::int32_t>>;
 
 }  // namespace ov

@@ -3,29 +3,34 @@
 #pragma once
 
 #include "contract/default_interfaces.h"
+#include "parameters/image_transfers.h"
 #include "parameters/integer_parameter.h"
-#include "parameters/memory_map.h"
 
 namespace ov {
 
 /// CBase_ParameterInt: a signed or unsigned integer held in a Long, so unsigned ones of up to 31 bits. Its writes run
 /// the actions that the descriptor attaches to values.
-class ParameterInt final : public Object<ParameterInt, Facet<CBase_ParameterInt>, IntegerParameter<std::int32_t>>,
-                           private LongField {
+class ParameterInt final : public Object<ParameterInt, Facet<CBase_ParameterInt>,
+                                         ImageTransfers<ParameterInt, IntegerParameter<std::int32_t>>> {
 public:
     static constexpr const char* kClassName = "CBase_ParameterInt";
 
-private:
-    void AfterEqualUserWrite() override { RunActionOnChange(Text::FromInteger(mValue)); }
-    void AfterUserWrite(const Content&) override { RunActionOnChange(Text::FromInteger(mValue)); }
-    void AfterEngineWrite(const Content&) override { RunActionOnChange(Text::FromInteger(mValue)); }
+    template <class Image>
+    bool MoveValue(Image* image, const ImagePlace& place);
 
-    bool MoveValue(const DeviceImage& image, const ImagePlace& place) override;
-    std::optional<std::int32_t> Pattern() override;
-    bool TakePattern(std::int32_t pattern) override;
-    void TakeNumber(const Variant& number) override { let_realvalue(number); }
-    void TakeFault() override { WriteState(eParameterValueExt::eParamValueExtErrorSettingValue); }
-    void LogNoConversion(const char16_t* operation, std::int32_t width) override;
+    // Its ways as a LongField.
+    std::optional<std::int32_t> Pattern();
+    bool TakePattern(std::int32_t pattern);
+    void TakeNumber(const Variant& number) { let_realvalue(number); }
+    void TakeFault() { WriteState(eParameterValueExt::eParamValueExtErrorSettingValue); }
+    void LogNoConversion(const char16_t* operation, std::int32_t width);
+
+private:
+    void AfterEqualUserWrite() override { RunActionOnChange(); }
+    void AfterUserWrite(const Content&) override { RunActionOnChange(); }
+    void AfterEngineWrite(const Content&) override { RunActionOnChange(); }
 };
+
+extern template class ImageTransfers<ParameterInt, IntegerParameter<std::int32_t>>;
 
 }  // namespace ov

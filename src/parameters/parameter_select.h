@@ -3,6 +3,7 @@
 #pragma once
 
 #include "contract/default_interfaces.h"
+#include "parameters/image_transfers.h"
 #include "parameters/list_parameter.h"
 #include "parameters/list_text.h"
 
@@ -11,7 +12,8 @@ namespace ov {
 /// CBase_ParameterSelect: a number chosen from the rows of the statement in column `subtype`, which it runs itself each
 /// time; no row of a descriptor makes one. Its value is a number whatever is written, without further state.
 class ParameterSelect final
-    : public Object<ParameterSelect, Facet<CBase_ParameterSelect>, ListParameter<std::int32_t, ListedNumber>> {
+    : public Object<ParameterSelect, Facet<CBase_ParameterSelect>,
+                    ImageTransfers<ParameterSelect, ListParameter<std::int32_t, ListedNumber>>> {
 public:
     static constexpr const char* kClassName = "CBase_ParameterSelect";
 

@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "contract/parameter.h"
+#include "parameters/image_transfers.h"
 #include "parameters/memory_map.h"
 #include "parameters/string_kind.h"
 #include "parameters/text_parameter.h"
@@ -13,12 +14,15 @@
 namespace ov {
 
 /// CBase_ParameterString: a text, whose subtype says what it must be and how it lies in the device image.
-class ParameterString final : public Object<ParameterString, Facet<CBase_ParameterString>, TextParameter> {
+class ParameterString final
+    : public Object<ParameterString, Facet<CBase_ParameterString>, ImageTransfers<ParameterString, TextParameter>> {
 public:
     static constexpr const char* kClassName = "CBase_ParameterString";
 
     eEditType editType() override;
     Variant DcpNameCheck(const Text& dcpName) override;
+
+    bool MoveValue(const DeviceImage& image, const ImagePlace& place);
 
 private:
     void ReadType() override;
@@ -31,7 +35,6 @@ private:
     bool IsSameValue(const Text& a, const Text& b) override;
     Text DisplayText(const Text& value, Purpose purpose) override;
 
-    bool MoveValue(const DeviceImage& image, const ImagePlace& place) override;
     bool Export(const DeviceImage& image, const FieldPlace& place);
     bool Import(const DeviceImage& image, const ImagePlace& asked, const FieldPlace& place);
     void LogWidth(const DeviceImage& image, std::int32_t width, const char16_t* subtype);

@@ -131,6 +131,11 @@ void ScaledParameter<T>::let_realvalue(const Variant& value) {
 }
 
 template <class T>
+void ScaledParameter<T>::WriteDeviceNumber(const T& number) {
+    let_realvalue(number);
+}
+
+template <class T>
 Text ScaledParameter<T>::get_realvalueForStorage() {
     return ToInvariantText(get_realvalue());
 }

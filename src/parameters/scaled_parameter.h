@@ -41,18 +41,14 @@ protected:
     double Offset() const noexcept { return mScale.offset; }
     /// The device view as a T, rounded once. @throws RuntimeError for what is none
     T DeviceNumber() { return IsUnscaled() ? this->mValue : ValueType<T>::From(get_realvalue()); }
-    /// The engine's write of a number of the device view.
+    /// The engine's write of a number of the device view that the class accepts as it is; quick where it is there
+    /// already. The parameter may be gone behind it.
     void TakeDeviceNumber(const T& number) {
-        if (IsUnscaled()) {
-            this->TakeFromEngine(number);
-        } else {
-            let_realvalue(number);
-        }
+        if (!IsUnscaled() || !this->IsWrittenAs(number)) WriteDeviceNumber(number);
     }
+    void WriteDeviceNumber(const T& number);
     /// @p realValue in the display view, not yet rounded. @throws RuntimeError for what is no number
     Variant Scaled(const Variant& realValue) const;
-
-    T mMin{}, mMax{};
 
 private:
     struct Scale {
@@ -67,6 +63,9 @@ private:
     T Rescaled(const T& value, const Scale& former) const;
 
     Scale mScale;  // mRealgain, mRealoffset
+
+protected:
+    T mMin{}, mMax{};
 };
 
 extern template class ScaledParameter<std::int32_t>;

@@ -63,9 +63,10 @@ protected:
     bool EvaluateConsistency(const T& candidate);
 
     Variant EngineValue() override { return mValue; }
-    /// The engine's write of a value of the right type; quick where it is there already.
-    void TakeFromEngine(const T& value) {
-        if (mLoadState != LoadState::Written || mUnknown || Content{Accepted(value)} != Held()) WriteByEngine(value);
+    /// Whether the engine's write of @p value, accepted as it is, would change nothing.
+    bool IsWrittenAs(const T& value) const {
+        return mValue == value && mValueExt == eParameterValueExt::eParamValueExtNormalValue && !mUnknown &&
+               mLoadState == LoadState::Written;
     }
     void WriteByUser(const Text& text) override;
     void WriteByEngine(const Variant& value) override;
@@ -78,8 +79,8 @@ protected:
     Text ValueText() override { return ToText(mValue); }
     bool PassesRule() override { return EvaluateConsistency(mValue); }
 
-    T mValue{};  // in the display view
     T mSavedValue{};
+    T mValue{};  // in the display view
 
 private:
     void StoreFromEngine(const Content& content);

@@ -123,18 +123,11 @@ TEST_F(ParameterWritesTest, RealvalueIsTheDeviceView) {
     EXPECT_EQ(Shown(), "Overflow");
 }
 
-// What an import may do: say a state without a number.
-class StatedParameter final
-    : public Object<StatedParameter, Facet<CBase_ParameterInt>, IntegerParameter<std::int32_t>> {
-public:
-    static constexpr const char* kClassName = "StatedParameter";
-    using Parameter::WriteState;
-};
-
+// As a failed import says it.
 TEST_F(ParameterWritesTest, AStateMayComeWithoutANumber) {
-    const auto parameter = MakeObject<StatedParameter>();
+    const auto parameter = MakeObject<ParameterInt>();
     Take(parameter, {{u"DefaultValue", 4}});
-    const auto state = [&] { parameter->WriteState(eParameterValueExt::eParamValueExtErrorSettingValue); };
+    const auto state = [&] { parameter->TakeFault(); };
     EXPECT_EQ(Told(state), "A:Value group:Value");
     EXPECT_EQ(Shown(), "Internal error");
     EXPECT_EQ(Describe(spec->get_value()), "Long 4");

@@ -289,6 +289,7 @@ Decimal operator%(const Decimal& a, const Decimal& b) {
 
 std::strong_ordering operator<=>(const Decimal& a, const Decimal& b) noexcept {
     if (a.IsNegative() != b.IsNegative()) return b.IsNegative() <=> a.IsNegative();
+    if (a.mScale == b.mScale) return a.IsNegative() ? Magnitude(b) <=> Magnitude(a) : Magnitude(a) <=> Magnitude(b);
     const int scale = std::max(a.mScale, b.mScale);
     const Unsigned192 left = Shifted(Magnitude(a), scale - a.mScale);
     const Unsigned192 right = Shifted(Magnitude(b), scale - b.mScale);

@@ -1,0 +1,106 @@
+/// @file
+/// Whole numbers that are held or moved as a Long, between parameter and device image.
+#pragma once
+
+#include <optional>
+
+#include "parameters/bit_conversions.h"
+#include "parameters/integer_type.h"
+#include "parameters/memory_map.h"
+
+namespace ov {
+
+/// What the rules of whole numbers ask of a class that holds or moves them as a Long.
+template <class Field>
+concept LongField = requires(Field& field, std::int32_t number, const Variant& value, const char16_t* operation) {
+    /// The bits to be written; nullopt where the class has none for its width and sign.
+    { field.Pattern() } -> std::same_as<std::optional<std::int32_t>>;
+    /// Takes the bits that were read. False where the class has no number for them.
+    { field.TakePattern(number) } -> std::same_as<bool>;
+    /// Takes a number as it is.
+    field.TakeNumber(value);
+    /// Takes the state of a failed import.
+    field.TakeFault();
+    /// Logs that an operation has no conversion for a field of some bits.
+    field.LogNoConversion(operation, number);
+};
+
+/// The four transfers by the kind of the image. What they raise is a failure of the transfer.
+template <LongField Field>
+struct LongTransfer {
+    Field& field;
+    const FieldPlace& place;
+
+    bool operator()(ByteArray* target) const {
+        if (place.width <= 0) return false;
+        const std::optional<std::int32_t> pattern = field.Pattern();
+        // A narrow field names the other operation, on purpose.
+        if (!pattern) field.LogNoConversion(IsNarrow() ? kHexExport : kByteExport, place.width);
+        return IsNarrow() ? ExportBits(*target, pattern.value_or(0), place)
+                          : ExportByteArray(*target, pattern.value_or(0), place);
+    }
+
+    bool operator()(Text* target) const {
+        const std::optional<std::int32_t> pattern = field.Pattern();
+        if (!pattern) field.LogNoConversion(kHexExport, place.width);
+        if (IsNarrow()) return ExportBits(*target, pattern.value_or(0), place);
+        if (!pattern) return true;  // done, with nothing written
+        WriteDigits(*target, place.index, LongToHexInOrder(*pattern, place.order, place.width / kBitsOfDigit));
+        return true;
+    }
+
+    bool operator()(const ByteArray* source) const {
+        // A narrow field names the other operation here, too.
+        if (IsNarrow()) return TakeBits(ImportBits(*source, place), kHexImport);
+        std::optional<std::int32_t> pattern;
+        if (!ImportByteArray(*source, pattern, place)) {
+            field.TakeFault();
+            return false;
+        }
+        return !pattern || Take(*pattern, kByteImport);
+    }
+
+    bool operator()(const Text* source) const {
+        if (IsNarrow()) return TakeBits(ImportBits(*source, place), kHexImport);
+        if (place.width > 8 && place.width < 16) return TakeBitString(*source);
+        const std::int32_t count = place.width / kBitsOfDigit;
+        Text digits = ReadDigits(*source, place.index, count);
+        if (digits.size() < static_cast<std::size_t>(count)) {
+            field.TakeFault();
+            return false;
+        }
+        // Middle endian is taken for big endian.
+        if (place.order == eByteOrder::eLittleEndian) ReverseHexBytes(digits);
+        return Take(IntegerType<std::int32_t>::PatternOf(digits), kHexImport);
+    }
+
+private:
+    bool IsNarrow() const noexcept { return place.width < kBitsOfByte; }
+
+    // The one way in that counts bits from the top, knows no order and no sign.
+    bool TakeBitString(const Text& source) const {
+        try {
+            field.TakeNumber(BitStringField(source, place));
+            return true;
+        } catch (const RuntimeError&) {
+            field.TakeFault();
+            return false;
+        }
+    }
+
+    bool TakeBits(std::optional<std::int32_t> pattern, const char16_t* operation) const {
+        return pattern && Take(*pattern, operation);
+    }
+
+    bool Take(std::int32_t pattern, const char16_t* operation) const {
+        if (field.TakePattern(pattern)) return true;
+        field.LogNoConversion(operation, place.width);
+        field.TakeFault();
+        return false;
+    }
+};
+
+template <LongField Field>
+LongTransfer(Field&, const FieldPlace&) -> LongTransfer<Field>;
+
+}  // namespace ov

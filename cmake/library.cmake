@@ -38,3 +38,10 @@ foreach(name ov_model ov_model_c)
   configure_file("${PROJECT_SOURCE_DIR}/cmake/${name}.pc.in" "${CMAKE_BINARY_DIR}/${name}.pc" @ONLY)
   install(FILES "${CMAKE_BINARY_DIR}/${name}.pc" DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
 endforeach()
+
+# The Python package needs no compiler and finds the library from where it lies.
+set(OV_MODEL_PYTHON_DIR "lib/python3/dist-packages" CACHE STRING "Where the Python package is installed, below the prefix")
+install(DIRECTORY "${PROJECT_SOURCE_DIR}/bindings/python/ov_model" DESTINATION "${OV_MODEL_PYTHON_DIR}"
+        FILES_MATCHING PATTERN "*.py" PATTERN "py.typed" PATTERN "__pycache__" EXCLUDE)
+install(DIRECTORY "${PROJECT_SOURCE_DIR}/examples/" DESTINATION "${CMAKE_INSTALL_DATADIR}/ov_model/examples"
+        USE_SOURCE_PERMISSIONS PATTERN "*.db" EXCLUDE PATTERN "demo.sh" EXCLUDE PATTERN "__pycache__" EXCLUDE)

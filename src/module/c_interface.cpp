@@ -169,9 +169,9 @@ std::int32_t ov_facet(ov_object* object, const char* interface_name, ov_object**
     return Guarded([&] { Needed(facet) = MakeHandle(FacetOf(object, interface_name).get()); });
 }
 
-std::int32_t ov_same(ov_object* a, ov_object* b, std::int32_t* same) {
-    if (same) *same = 0;
-    return Guarded([&] { Needed(same) = SameObject(ObjectOf(a), ObjectOf(b)) ? 1 : 0; });
+std::int32_t ov_identity(ov_object* object, const void** identity) {
+    if (identity) *identity = nullptr;
+    return Guarded([&] { Needed(identity) = ov::facet<IUnknown>(ObjectOf(object)).get(); });
 }
 
 std::int32_t ov_class_name(ov_object* object, ov_value* name) {

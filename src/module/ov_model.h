@@ -176,8 +176,9 @@ int32_t ov_call(ov_object* object, const char* name, int32_t kind, ov_value* arg
  *  "IBase_SpecParameterStorage". @returns 430 if the object does not have it */
 int32_t ov_facet(ov_object* object, const char* interface_name, ov_object** facet);
 
-/** Whether two handles are of one object, whatever its interface; two Nothings are. @p same is set to 1 or 0. */
-int32_t ov_same(ov_object* a, ov_object* b, int32_t* same);
+/** A pointer that is the same for all handles of one object, whatever its interface, while the object lives; null for
+ *  Nothing. Not to be followed. */
+int32_t ov_identity(ov_object* object, const void** identity);
 
 /** The name of the object's class, such as "CBase_Module", as an OV_STRING. */
 int32_t ov_class_name(ov_object* object, ov_value* name);

@@ -63,6 +63,7 @@ refuse 2 -- "$host_cpp"
 arguments=("$sample" "TT200 HART" 0 12 1201 5)
 expect "Polling address is now 5" -- "$scratch/host_c/build/host_c" "${arguments[@]}"
 refuse 1 -- "$scratch/host_c/build/host_c" "$sample" "TT200 HART" 0 12 nowhere 5
+refuse 1 -- "$scratch/host_c/build/host_c" "$sample" TT9 0 12 1201 5
 refuse 2 -- "$scratch/host_c/build/host_c"
 export PKG_CONFIG_PATH
 PKG_CONFIG_PATH=$(dirname "$(find "$prefix" -name ov_model_c.pc)")
@@ -75,4 +76,9 @@ LD_LIBRARY_PATH=$(pkg-config --variable=libdir ov_model_c) \
 installed=$prefix/bin/ovmodel
 expect "ovmodel 3." -- "$installed" --version
 expect "TT200 HART" -- "$installed" types "$sample"
-echo "the installed library serves hosts in C and C++"
+
+examples=$prefix/share/ov_model/examples
+"$installed" pack "$examples/tt200/tt200.sql" -o "$scratch/own.db" >/dev/null
+expect "Lower alarm limit" -- env -u OV_MODEL_LIBRARY PYTHONPATH="$prefix/lib/python3/dist-packages" \
+    PYTHONDONTWRITEBYTECODE=1 "$examples/python/tree_table.py" "$scratch/own.db" "TT200 HART"
+echo "the installed library serves hosts in C, C++ and Python"

@@ -44,6 +44,13 @@ static ov_object* Step(ov_object* object, const char* name, const char* key) {
     return next;
 }
 
+static int Same(ov_object* a, ov_object* b) {
+    const void* first = NULL;
+    const void* second = NULL;
+    CHECK(ov_identity(a, &first) == 0 && ov_identity(b, &second) == 0 && (first == NULL) == (a == NULL));
+    return first == second;
+}
+
 static int TextIs(ov_object* object, const char* name, const char* expected) {
     ov_value result = {0};
     const int same = ov_call(object, name, OV_GET, NULL, 0, &result) == 0 && result.type == OV_STRING &&
@@ -156,12 +163,11 @@ static void TestValues(ov_object* module) {
         CHECK(ov_call(parameter, "tag", kind, &values[i], 1, NULL) == 0);
         CHECK(ov_call(parameter, "tag", OV_GET, NULL, 0, &back) == 0);
         CHECK(back.type == values[i].type);
-        int32_t same = 0;
         if (back.type == OV_STRING) {
             CHECK(back.text.length == values[i].text.length);
             CHECK(memcmp(back.text.bytes, values[i].text.bytes ? values[i].text.bytes : "", back.text.length) == 0);
         } else if (back.type == OV_OBJECT) {
-            CHECK(ov_same(back.object, values[i].object, &same) == 0 && same == 1);
+            CHECK(Same(back.object, values[i].object));
         } else if (back.type == OV_ARRAY) {
             const ov_array* given = values[i].array;
             CHECK(back.array->element == given->element && back.array->count == given->count);
@@ -294,9 +300,8 @@ static void TestDiscovery(ov_object* module) {
     ov_object* storage = NULL;
     const char* name = NULL;
     ov_value className = {0};
-    int32_t same = 0;
     CHECK(ov_facet(spec, "ibase_SpecParameterStorage", &storage) == 0);
-    CHECK(ov_same(spec, storage, &same) == 0 && same == 1 && ov_same(spec, module, &same) == 0 && same == 0);
+    CHECK(Same(spec, storage) && !Same(spec, module) && !Same(spec, NULL));
     CHECK(ov_interface_name(storage, &name) == 0 && strcmp(name, "_IBase_SpecParameterStorage") == 0);
     CHECK(ov_class_name(storage, &className) == 0 && strcmp(className.text.bytes, "CBase_ParameterInt") == 0);
     ov_clear(&className);

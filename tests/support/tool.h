@@ -14,10 +14,10 @@ struct Outcome {
     std::string text;  ///< standard output and standard error
 };
 
-/// Runs the tool with @p arguments, which the shell reads.
-inline Outcome RunTool(const std::string& arguments) {
+/// Runs a command that the shell reads.
+inline Outcome RunShell(const std::string& command) {
     Outcome outcome;
-    FILE* pipe = popen((std::string(OV_MODEL_TOOL) + " " + arguments + " 2>&1").c_str(), "r");
+    FILE* pipe = popen((command + " 2>&1").c_str(), "r");
     if (!pipe) return outcome;
     char buffer[4096];
     for (std::size_t read = 0; (read = fread(buffer, 1, sizeof buffer, pipe)) > 0;) {
@@ -25,6 +25,11 @@ inline Outcome RunTool(const std::string& arguments) {
     }
     outcome.status = WEXITSTATUS(pclose(pipe));
     return outcome;
+}
+
+/// Runs the tool with @p arguments, which the shell reads.
+inline Outcome RunTool(const std::string& arguments) {
+    return RunShell(std::string(OV_MODEL_TOOL) + " " + arguments);
 }
 
 }  // namespace ov::testing

@@ -33,6 +33,9 @@ void AddConvertCommand(CLI::App& app, int& status);
 void AddTablesCommand(CLI::App& app);
 void AddImageCommand(CLI::App& app);
 
+/// The hidden option `--completion-words`: a line for the tool ("-") and one for each command, with its options.
+void AddCompletionWords(CLI::App& app);
+
 /// Unloads at its end all modules that were opened: a tree is a ring of references that nothing else ends.
 class UnloadAtEnd {
 public:

@@ -73,6 +73,7 @@ int main(int argc, char** argv) {
         ovmodel::AddTablesCommand(app);
         ovmodel::AddImageCommand(app);
         AddRunCommand(app, line.script, status);
+        ovmodel::AddCompletionWords(app);
         std::ranges::reverse(line.own);  // the parser takes its words from the end
         app.parse(line.own);
         return status;

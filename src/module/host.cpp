@@ -31,6 +31,10 @@ Text ReasonOfFailedOpen(const Text& path) {
     }
 }
 
+Ref<Database> OpenedDatabase(const Text& path) {
+    return DatabaseCache(path);
+}
+
 std::vector<TableFacts> TablesOf(const Text& path, const std::optional<Text>& password) {
     return DescribeTables(path, PasswordFor(password));
 }

@@ -8,7 +8,9 @@
 
 #include "platform/automation/text.h"
 #include "platform/store/jet/import_report.h"
+#include "platform/store/store.h"
 #include "platform/store/table_facts.h"
+#include "scripting/rule_failures.h"
 
 namespace ov {
 
@@ -18,6 +20,9 @@ void SwitchDebugOutputOn();
 /// The store's words for why @p path cannot be opened, or "" if it can. Opens the file by the rule of the module's own
 /// opening, so that a later Load meets it open.
 Text ReasonOfFailedOpen(const Text& path);
+
+/// The open database of @p path, which its modules share; Nothing if it cannot be opened.
+Ref<Database> OpenedDatabase(const Text& path);
 
 /// The tables of a database file of any kind.
 /// @param password of a Jet file; without one it is the descriptors'

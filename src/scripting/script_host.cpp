@@ -1,6 +1,7 @@
 #include "scripting/script_host.h"
 
 #include "scripting/prelude.h"
+#include "scripting/rule_failures.h"
 #include "support/diagnostics.h"
 
 namespace ov {
@@ -58,6 +59,7 @@ void ScriptHost::ExecuteScript(const Text& statement) {
 }
 
 void ScriptHost::LogFailure(std::u16string_view call, const Text& script, const RuntimeError& error) {
+    TellRuleFailure(script, error.description());
     if (DebugOutput()) LogEntry(Source(), Text(call) + script + u"): ERROR: ", error.description());
 }
 

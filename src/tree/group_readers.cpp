@@ -1,5 +1,6 @@
 // The typed readers of descriptor texts: what is a script, on which engine it runs, and what a failure gives.
 #include "platform/automation/operators.h"
+#include "scripting/rule_failures.h"
 #include "support/diagnostics.h"
 #include "tree/channel.h"
 #include "tree/group.h"
@@ -78,7 +79,8 @@ template <class Read>
 auto Group::GuardedRead(const char16_t* reader, const Text& text, const Variant& id, Read read) -> decltype(read()) {
     try {
         return read();
-    } catch (const RuntimeError&) {
+    } catch (const RuntimeError& error) {
+        TellRuleFailure(text, error.description());
         LogEntry(Dispatch(),
                  Text(reader) + u"('" + text + u"')(ParamId " + TextForLog(id) + u") could not be processed!");
         return {};

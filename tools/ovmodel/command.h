@@ -29,6 +29,7 @@ void AddGetCommand(CLI::App& app);
 void AddSetCommand(CLI::App& app);
 void AddPackCommand(CLI::App& app);
 void AddUnpackCommand(CLI::App& app, int& status);
+void AddCheckCommand(CLI::App& app, int& status);
 void AddConvertCommand(CLI::App& app, int& status);
 void AddTablesCommand(CLI::App& app);
 void AddImageCommand(CLI::App& app);

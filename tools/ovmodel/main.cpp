@@ -69,6 +69,7 @@ int main(int argc, char** argv) {
         ovmodel::AddSetCommand(app);
         ovmodel::AddPackCommand(app);
         ovmodel::AddUnpackCommand(app, status);
+        ovmodel::AddCheckCommand(app, status);
         ovmodel::AddConvertCommand(app, status);
         ovmodel::AddTablesCommand(app);
         ovmodel::AddImageCommand(app);

@@ -15,14 +15,17 @@
 #include "ovmodel/sqlite_handles.h"
 #include "ovmodel/unfinished_file.h"
 #include "platform/automation/errors.h"
-#include "platform/store/sqlite/table.h"
 
 namespace ovmodel {
 
 namespace {
 
 namespace fs = std::filesystem;
-using ov::sqlite::QuoteName;
+
+std::string QuoteName(const std::string& name) {
+    const std::unique_ptr<char, decltype(&sqlite3_free)> quoted(sqlite3_mprintf("\"%w\"", name.c_str()), &sqlite3_free);
+    return quoted ? quoted.get() : throw std::bad_alloc();
+}
 
 // The text in quotes, with line feeds as they are, so that scripts read well and compare line by line. What editors
 // and version control may change or refuse is spelled out: carriage returns and NUL.

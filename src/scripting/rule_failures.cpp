@@ -1,0 +1,22 @@
+#include "scripting/rule_failures.h"
+
+namespace ov {
+
+namespace {
+
+RuleFailureListener& Listener() {
+    static RuleFailureListener listener;
+    return listener;
+}
+
+}  // namespace
+
+void ListenToRuleFailures(RuleFailureListener listener) {
+    Listener() = std::move(listener);
+}
+
+void TellRuleFailure(const Text& script, const Text& reason) {
+    if (Listener()) Listener()(script, reason);
+}
+
+}  // namespace ov

@@ -10,6 +10,7 @@
 namespace ov {
 namespace {
 
+using ::testing::ContainsRegex;
 using ::testing::HasSubstr;
 using testing::Outcome;
 using testing::RunTool;
@@ -51,7 +52,10 @@ TEST_F(AutomationHost, EndsAsTheScriptSays) {
     const Outcome syntax = RunScript("a = 1\nIf a Then\n b = = 2\nEnd If");
     EXPECT_EQ(syntax.status, 1);
     EXPECT_THAT(syntax.text, HasSubstr("s.vbs(3, 6): compile error 1"));
-    EXPECT_EQ(RunScript("Do\nLoop", "", "--timeout 50").status, 1);
+    const Outcome endless = RunScript("Sub f\n Do\n  a = a + 1\n Loop\nEnd Sub\nf", "", "--timeout 50");
+    EXPECT_EQ(endless.status, 1);
+    EXPECT_THAT(endless.text,
+                ContainsRegex("s\\.vbs\\([234], [23]\\): runtime error 18: Script execution timed out\n"));
     EXPECT_EQ(RunTool("run " + (mFolder / "none.vbs")).status, 1);
     EXPECT_EQ(RunTool("run").status, 2);
 }

@@ -156,9 +156,10 @@ void Machine::Recover(const Frame* entry) {
     const Position position = PositionOf(*mTop);
     try {
         throw;
-    } catch (const ScriptTimeout&) {
+    } catch (const ScriptTimeout& timeout) {
         Unwind(entry);
-        throw;
+        if (timeout.line() != 0) throw;
+        throw ScriptTimeout(static_cast<std::int32_t>(position.line), static_cast<std::int32_t>(position.column));
     } catch (const EndScript&) {
         Unwind(entry);
         throw;

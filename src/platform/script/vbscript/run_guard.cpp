@@ -22,9 +22,9 @@ std::int64_t Milliseconds() noexcept {
 
 }  // namespace
 
-ScriptTimeout::ScriptTimeout()
+ScriptTimeout::ScriptTimeout(std::int32_t line, std::int32_t column)
     : ScriptError(RuntimeError(kInterrupted, u"Microsoft VBScript runtime error", u"Script execution timed out"), false,
-                  0, 0) {}
+                  line, column) {}
 
 RunGuard::RunGuard(std::int32_t timeout) : mOuterDeadline(sDeadline) {
     const char* here = static_cast<const char*>(__builtin_frame_address(0));

@@ -14,7 +14,8 @@ namespace ov::vbscript {
 /// Ends a script whose time is over. On Error Resume Next does not see it.
 class ScriptTimeout final : public ScriptError {
 public:
-    ScriptTimeout();
+    /// The place is added by the innermost procedure that is ended.
+    explicit ScriptTimeout(std::int32_t line = 0, std::int32_t column = 0);
 };
 
 /// One run of the machine, by the host or by an object that a script called. Runs nest; the outermost one begins the

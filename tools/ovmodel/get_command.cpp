@@ -13,8 +13,8 @@ void PrintParameters(const std::vector<ov::Ref<ov::IBase_GuiParameter>>& paramet
     std::vector<std::vector<std::string>> rows;
     for (const auto& parameter : parameters) {
         const std::string unit = parameter->unit().ToUtf8();
-        rows.push_back({PathOf(*parameter), parameter->get_value().ToUtf8() + (unit.empty() ? "" : " " + unit),
-                        StateOf(*parameter)});
+        rows.push_back(
+            {PathOf(*parameter), ShownValue(*parameter) + (unit.empty() ? "" : " " + unit), StateOf(*parameter)});
     }
     PrintTable(rows);
 }

@@ -68,13 +68,29 @@ Ref<ov::IBase_GuiParameter> FindParameter(ov::Module& module, const std::string&
     }
     const auto channel = Find(module.Spec()->channels(), "channel", ids[0], "");
     const auto group = Find(channel->groups(), "group", ids[1], ids[0]);
-    return Find(group->parameters(), "parameter", ids[2], ids[0] + "/" + ids[1])->Gui();
+    return Find(group->Gui()->parameters(), "parameter", ids[2], ids[0] + "/" + ids[1]);
 }
 
 std::string PathOf(ov::IBase_GuiParameter& parameter) {
     const Ref<ov::IBase_GuiGroup> group = parameter.group();
     if (!group) return Utf8(parameter.id());
     return Utf8(group->channel()->id()) + "/" + Utf8(group->id()) + "/" + Utf8(parameter.id());
+}
+
+std::string ShownValue(ov::IBase_GuiParameter& parameter) {
+    try {
+        return parameter.get_value().ToUtf8();
+    } catch (const ov::RuntimeError& error) {
+        return "(" + error.description().ToUtf8() + ")";
+    }
+}
+
+bool IsEditable(ov::IBase_GuiParameter& parameter) {
+    try {
+        return parameter.editable();
+    } catch (const ov::RuntimeError&) {
+        return false;
+    }
 }
 
 std::string StateOf(ov::IBase_GuiParameter& parameter) {
@@ -85,7 +101,7 @@ std::string StateOf(ov::IBase_GuiParameter& parameter) {
         if (set) marks += (marks.empty() ? "" : " ") + std::string(word);
     };
     mark(state == ov::eParameterConfigState::eParameterDisabled, "disabled");
-    mark(!parameter.editable(), "read-only");
+    mark(!IsEditable(parameter), "read-only");
     mark(parameter.unknown(), "unknown");
     mark(parameter.modified(), "modified");
     mark(!parameter.consistent(), "inconsistent");
@@ -96,12 +112,12 @@ std::string StateOf(ov::IBase_GuiParameter& parameter) {
 Json DescribeParameter(ov::IBase_GuiParameter& parameter) {
     return {{"path", PathOf(parameter)},
             {"name", parameter.name().ToUtf8()},
-            {"value", parameter.get_value().ToUtf8()},
+            {"value", ShownValue(parameter)},
             {"unit", parameter.unit().ToUtf8()},
             {"min", Utf8(parameter.Min())},
             {"max", Utf8(parameter.Max())},
             {"configState", static_cast<std::int32_t>(parameter.configState())},
-            {"editable", parameter.editable()},
+            {"editable", IsEditable(parameter)},
             {"unknown", parameter.unknown()},
             {"modified", parameter.modified()},
             {"consistent", parameter.consistent()},

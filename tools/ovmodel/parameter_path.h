@@ -43,6 +43,12 @@ ov::Ref<ov::IBase_GuiParameter> FindParameter(ov::Module& module, const std::str
 /// The path of a parameter.
 std::string PathOf(ov::IBase_GuiParameter& parameter);
 
+/// The value as its editor shows it; the error's text in brackets where the parameter cannot show it.
+std::string ShownValue(ov::IBase_GuiParameter& parameter);
+
+/// Whether users may write it; not where the row does not say.
+bool IsEditable(ov::IBase_GuiParameter& parameter);
+
 /// What a person calls the state: "ok", or the marks that say otherwise, such as "unknown inconsistent".
 std::string StateOf(ov::IBase_GuiParameter& parameter);
 

@@ -28,7 +28,7 @@ public:
 
 private:
     void Tell(ov::IBase_GuiParameter& parameter, const char* event) {
-        rows.push_back({PathOf(parameter), event, parameter.get_value().ToUtf8(), StateOf(parameter)});
+        rows.push_back({PathOf(parameter), event, ShownValue(parameter), StateOf(parameter)});
     }
 };
 
@@ -60,7 +60,10 @@ std::string Reason(const Write& write) {
     try {
         const double number = ov::ToDouble(ov::Variant(write.text));
         const bool outside = number < ov::ToDouble(parameter.Min()) || number > ov::ToDouble(parameter.Max());
-        return outside ? "it is outside the limits " + limits : "its rule of consistency is against it";
+        if (outside) return "it is outside the limits " + limits;
+        const bool hasRule = !Utf8(parameter.Spec()->desc(u"consistency")).empty();
+        return hasRule ? "its rule of consistency is against it"
+                       : "read in its display form it is outside the limits " + limits;
     } catch (const ov::RuntimeError&) {
         return "it does not read as a value of the parameter";
     }
@@ -72,11 +75,11 @@ void Run(const Write& write) {
     if (write.parameter->configState() != ov::eParameterConfigState::eParameterValid) {
         throw Failure(path + " is not in force: " + StateOf(*write.parameter));
     }
-    if (!write.parameter->editable()) throw Failure(path + " is not editable");
+    if (!IsEditable(*write.parameter)) throw Failure(path + " is not editable");
     const bool acceptable = write.parameter->consistent(write.text);
-    const std::string before = write.parameter->get_value().ToUtf8();
+    const std::string before = ShownValue(*write.parameter);
     write.parameter->let_value(write.text);
-    const std::string after = write.parameter->get_value().ToUtf8();
+    const std::string after = ShownValue(*write.parameter);
     if (before == after && (!acceptable || write.parameter->unknown())) {
         throw Failure(path + " refuses '" + write.text.ToUtf8() + "': " + Reason(write));
     }

@@ -58,7 +58,7 @@ void PrintTree(ov::Module& module, const Branch& branch) {
                 {Utf8(channel->id()) + "/" + Utf8(group->id()), " " + Cut(group->Gui()->name().ToUtf8(), kWidestName)});
             for (const auto& parameter : Elements(group->Gui()->parameters())) {
                 rows.push_back({PathOf(*parameter), "  " + Cut(parameter->name().ToUtf8(), kWidestName),
-                                Cut(parameter->get_value().ToUtf8(), kWidestValue), Cut(parameter->unit().ToUtf8(), 8),
+                                Cut(ShownValue(*parameter), kWidestValue), Cut(parameter->unit().ToUtf8(), 8),
                                 Cut(Limits(*parameter), kWidestLimits), StateOf(*parameter)});
             }
         }

@@ -78,7 +78,8 @@ Ref<CBase_SpecGroupCollection> Channel::SpecGroups() {
 }
 
 Ref<CBase_ScriptingGroups> Channel::ScriptGroups() {
-    return LoadGroups() && mScriptHost ? mScriptHost->ScriptObject() : nullptr;
+    LoadGroups();  // rules also reach what a failed load has left
+    return mScriptHost ? mScriptHost->ScriptObject() : nullptr;
 }
 
 Text Channel::EditPlugin(Text* args) {

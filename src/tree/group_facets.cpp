@@ -37,7 +37,8 @@ Ref<CBase_SpecParameterCollection> Group::SpecParameters() {
 }
 
 Ref<CBase_ScriptingParameters> Group::ScriptParameters() {
-    return LoadParameters() && mScriptHost ? mScriptHost->ScriptObject() : nullptr;
+    LoadParameters();  // rules also reach what a failed load has left
+    return mScriptHost ? mScriptHost->ScriptObject() : nullptr;
 }
 
 bool Group::expertOnly() {

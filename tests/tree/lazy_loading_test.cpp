@@ -160,6 +160,13 @@ INSTANTIATE_TEST_SUITE_P(
         return name;
     });
 
+TEST_F(LazyLoading, ARuleReachesWhatAFailedLoadHasLeft) {
+    Load(Row(1, 1) + Row(2, 1, "DefaultValue=7") + Row(2, 2, "kind=NULL") + Row(3, 1, "DefaultValue=8") +
+         "INSERT INTO [Groups] (ChannelType, groupId) VALUES (2, 9);");
+    EXPECT_EQ(Eval(u"G(\"2\")(\"1\")"), "7");
+    EXPECT_EQ(Eval(u"CH(\"2\")(\"1\")(\"1\")"), "8");
+}
+
 TEST_F(LazyLoading, RowsOfOneIdThatAreNeighboursMakeOneParameter) {
     Load(Row(1, 1, "DefaultValue=1") + Row(1, 2, "DefaultValue=2") + Row(1, 2, "enable='False';DefaultValue=3") +
          Row(1, 2, "DefaultValue=4") + Row(1, 1, "[order]=9;DefaultValue=5"));

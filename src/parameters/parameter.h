@@ -196,6 +196,8 @@ private:
     void FetchUnit(ModuleServices* module);
     Text TranslatedText(const char16_t* column) const;
     Ref<Collection> LoadActionTable(const Text& key);
+    /// What the log tells of an action table that cannot be read.
+    virtual Text ActionFault(const RuntimeError& failure) const;
     void ReadActions(const Text& key, Collection& actions);
     void SetUnknownTo(bool unknown);
     void SetDatasetLocked(bool locked);

@@ -34,10 +34,14 @@ Ref<Collection> Parameter::LoadActionTable(const Text& key) {
     } catch (const RuntimeError& failure) {
         if (DebugOutput()) {
             Log(u"LoadActionTable(): ONERROR: Error " + Text::FromInteger(failure.number()) + u": " +
-                ErrorText(failure.number()) + u" (" + failure.description() + u")");
+                ActionFault(failure));
         }
     }
     return actions;
+}
+
+Text Parameter::ActionFault(const RuntimeError& failure) const {
+    return ErrorText(failure.number()) + u" (" + failure.description() + u")";
 }
 
 void Parameter::ReadActions(const Text& key, Collection& actions) {

@@ -63,4 +63,8 @@ Text ParameterEnum::WrongDefault(const Variant& value, const RuntimeError& failu
            Text::FromInteger(failure.number());
 }
 
+Text ParameterEnum::ActionFault(const RuntimeError& failure) const {
+    return failure.description() + u" (" + TextForLog(mId) + u")";
+}
+
 }  // namespace ov

@@ -32,6 +32,7 @@ private:
     bool IsOffered(const std::int32_t& value) const override { return value >= mMin && value <= mMax; }
     Text UnlistedText(const std::int32_t& value) const override;
     Text WrongDefault(const Variant& value, const RuntimeError& failure) const override;
+    Text ActionFault(const RuntimeError& failure) const override;
 
     void PutBack(const Content& former);
 

@@ -184,6 +184,10 @@ TEST_F(ListTest, APushButtonGoesBack) {
     EXPECT_EQ(Told(u"zu"), "dependencies A:Value group:Value run else 2");
     EXPECT_EQ(Told(u"auf"), "dependencies A:Value group:Value run one 1");
     EXPECT_EQ(Told([&] { spec->let_value(2); }), "A:Value group:Value") << "the engine's writes run nothing";
+    enumeration[2].second = u"it's";
+    Make(enumeration);
+    EXPECT_THAT(Logged([&] { gui->let_value(u"zu"); }),
+                ::testing::MatchesRegex("LoadActionTable\\(\\): ONERROR: Error 3075: Syntax error.* \\(7\\)\n"));
 }
 
 TEST_F(ListTest, AStatementIsAListWithTextsOfItsOwn) {

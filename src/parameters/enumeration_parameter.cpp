@@ -52,7 +52,11 @@ void EnumerationParameter<T, Base>::SetMyValueToDefault() {
     T held = this->DefaultFromLimits();
     try {
         value = this->EvaluatedCell(u"DefaultValue", ValueType<T>::kType);
-        if (!value.IsNull()) held = ValueType<T>::From(value);
+        if (!value.IsNull()) {
+            held = ValueType<T>::From(value);
+        } else if (this->mList.ValueCount() == 0) {
+            Raise(ErrorNumber::SubscriptOutOfRange);  // there is no first entry: told like a default of the wrong form
+        }
     } catch (const RuntimeError& failure) {
         if (DebugOutput()) this->LogWithId(WrongDefault(value, failure));
     }

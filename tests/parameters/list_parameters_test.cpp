@@ -156,6 +156,7 @@ TEST_F(ListTest, ListsThatCannotBeReadAreEmpty) {
     group->module->db = nullptr;
     const std::string log = Logged([&] { Make({{u"Type", u"ENUM"}, {u"subtype", u"unread"}}); });
     EXPECT_THAT(log, ::testing::HasSubstr("ReloadCollections(): ONERROR: Error 91: "));
+    EXPECT_THAT(log, ::testing::HasSubstr("(ParamId 7) SetMyValueToDefault: Default-Value '' ist kein Long: 9\n"));
     EXPECT_THAT(
         log, ::testing::HasSubstr("(ParamId 7) SetMyValueToDefault: Default-Value '' ist ein nicht eingetragener Wert! "
                                   "strs<>nums: 0<>0"));

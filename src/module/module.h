@@ -152,7 +152,8 @@ private:
 
     // Loading
     void OpenDatabaseOfSourcePath();
-    bool TakeType(const Text& moduletype, const Text& moduleid, const Text& modulename);
+    Ref<Recordset> OpenModuleTypes();
+    bool TakeType(Recordset& types, const Text& moduletype, const Text& moduleid, const Text& modulename);
     bool LoadModuleType();
     void ReadDeviceTypeInformation();
     void ReadVersion();

@@ -58,6 +58,15 @@ eFdtClassificationId ClassificationOf(const Variant& column) {
     return number ? static_cast<eFdtClassificationId>(ToLong(ValPrefix(text))) : eFdtClassificationId::fdt_dtmSpecific;
 }
 
+bool IsLong(const Text& text) {
+    try {
+        ToLong(text);
+        return true;
+    } catch (const RuntimeError&) {
+        return false;
+    }
+}
+
 bool IsEnabled(Recordset& types, bool hasEnable) {
     return !hasEnable || EqualValues(FieldValue(types, u"enable"), Variant(true));
 }
@@ -247,7 +256,7 @@ void Module::ReadSupportedLanguages() {
         if (mFdtInfo.supportedLanguages.size() == kMostLanguages) Raise(ErrorNumber::SubscriptOutOfRange);
         const Text digits = TextOf(*languages, u"LangId");
         const Text literal = u"&H" + digits;
-        if (IsNumeric(literal)) {
+        if (IsLong(literal)) {
             mFdtInfo.supportedLanguages.push_back(literal);
         } else {
             EndWithLog(u"LoadModuleType(): LangId ", digits + u"entspricht nicht einem Hex-String!");

@@ -176,7 +176,7 @@ void Module::mEnvironment_Changed(const Text& key, const Variant& value) {
             listener.OnEnvironmentChanged(this, key, value);
         } catch (const RuntimeError& error) {
             EndWithLog(u"mEnvironment_Changed(): Error when calling OnEnvironmentChanged(",
-                       key + u", " + ToText(value) + u"): " + error.description());
+                       key + u", " + TextForLog(value) + u"): " + error.description());
         }
     });
     if (const auto station = facet<IBase_CallbackModule>(mStation)) station->OnEnvironmentChanged(this, key, value);

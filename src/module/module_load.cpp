@@ -146,37 +146,41 @@ bool Module::Load(const Text& moduletype, const std::optional<Text>& moduleid, c
         return false;
     }
     if (!mModuleType.empty()) DropTree();
+    const Ref<Recordset> types = OpenModuleTypes();
+    if (!types) return false;
+    bool loaded = false;
     try {
-        if (TakeType(moduletype, moduleid.value_or(Text()), modulename.value_or(Text()))) return true;
-        // An unknown type and one that failed to load leave their line; the reason of the second stands in its own.
-        EndWithLog(u"Load(): ERROR when loading type: ", Text());
+        loaded = TakeType(*types, moduletype, moduleid.value_or(Text()), modulename.value_or(Text()));
     } catch (const RuntimeError& error) {
         mLoadFailure = error.description();
-        EndWithLog(u"Load(): ERROR when loading type: ", mLoadFailure);
     }
-    return false;
+    // The line of a type that is unknown ends behind the blank.
+    if (!loaded) EndWithLog(u"Load(): ERROR when loading type: ", mLoadFailure);
+    return loaded;
 }
 
-// Answers false if there is no such type; a type that is not enabled is as absent.
-bool Module::TakeType(const Text& moduletype, const Text& moduleid, const Text& modulename) {
-    Ref<Recordset> types;
+Ref<Recordset> Module::OpenModuleTypes() {
     try {
-        types = mDB->OpenRecordset(u"ModuleTypes", RecordsetType::dbOpenTable);
+        return mDB->OpenRecordset(u"ModuleTypes", RecordsetType::dbOpenTable);
     } catch (const RuntimeError& error) {
         mLoadFailure = error.description();
         EndWithLog(u"Load(): ERROR: Could not open Recordset 'ModuleTypes': ", mLoadFailure);
-        return false;
+        return nullptr;
     }
-    const bool hasEnable = FieldExists(*types, u"enable");
-    while (!types->Eof()) {
-        const bool enabled = !hasEnable || EqualValues(FieldValue(*types, u"enable"), Variant(true));
-        if (enabled && EqualValues(FieldValue(*types, u"moduletype"), Variant(moduletype))) break;
-        types->MoveNext();
-    }
-    if (types->Eof()) return false;
+}
 
-    mDesc = RowToCollection(*types);
-    types->Close();
+// Answers false if there is no such type; a type that is not enabled is as absent.
+bool Module::TakeType(Recordset& types, const Text& moduletype, const Text& moduleid, const Text& modulename) {
+    const bool hasEnable = FieldExists(types, u"enable");
+    while (!types.Eof()) {
+        const bool enabled = !hasEnable || EqualValues(FieldValue(types, u"enable"), Variant(true));
+        if (enabled && EqualValues(FieldValue(types, u"moduletype"), Variant(moduletype))) break;
+        types.MoveNext();
+    }
+    if (types.Eof()) return false;
+
+    mDesc = RowToCollection(types);
+    types.Close();
     mId = moduleid;
     mName = modulename;
     mNameTextIdx = mName.empty() ? ToLong(NullToDefault(mDesc->Get(u"defaultName"), Variant(0))) : 0;

@@ -72,8 +72,14 @@ Text Module::GetTranslatedFile(std::int32_t index) {
     if (!mFiles || mFilesLanguage != mLanguage) {
         mFilesLanguage = 0;
         mFiles = std::make_unique<TranslationTable>();
-        // Unlike a text table, one of files that cannot be read is the caller's affair.
-        const Ref<Recordset> rows = GetRecordset(u"Files")->Clone();
+        Ref<Recordset> rows;
+        try {
+            rows = GetRecordset(u"Files")->Clone();
+        } catch (const RuntimeError& error) {
+            LogEntry(Dispatch(), u"GetTranslatedFile(): " + ErrorLine(error));
+            return Text();
+        }
+        // Unlike those of a text table, rows of files that cannot be read are the caller's affair.
         mFiles->Read(*rows, u"FILE_IDX", mLanguage);
         rows->Close();
         mFilesLanguage = mLanguage;

@@ -2,10 +2,12 @@
 #include <gmock/gmock.h>
 
 #include <fstream>
+#include <sstream>
 
 #include "module/module.h"
 #include "module/unload_pointer.h"
 #include "platform/automation/conversions.h"
+#include "support/diagnostics.h"
 #include "support/small_descriptor.h"
 #include "support/test_database.h"
 
@@ -21,6 +23,20 @@ protected:
         Ref<Module> module = MakeObject<Module>();
         module->SetSourcePath(database.Path());
         return module;
+    }
+    // The texts of the lines that `action` logs, without their source, joined by "|".
+    template <class Action>
+    std::string Logged(Action action) {
+        const Diagnostics former = std::exchange(GlobalDiagnostics(), {.debugToOutput = true, .initialised = true});
+        ::testing::internal::CaptureStderr();
+        action();
+        std::istringstream lines(::testing::internal::GetCapturedStderr());
+        GlobalDiagnostics() = former;
+        std::string joined;
+        for (std::string line; std::getline(lines, line);) {
+            joined += (joined.empty() ? "" : "|") + line.substr(line.find(": ") + 2);
+        }
+        return joined;
     }
     Ref<Module> Loaded(const TestDatabase& database, const Text& type = u"A") {
         Ref<Module> module = On(database);
@@ -106,6 +122,32 @@ TEST_F(ModuleLoad, FailsWithoutRaising) {
     const Ref<Module> missing = MakeObject<Module>();
     missing->SetSourcePath(u"/no/such/file.db");
     EXPECT_FALSE(missing->Load(u"A", {}, {}));
+}
+
+TEST_F(ModuleLoad, LogsWhyItFailed) {
+    const std::string type = "Load(): ERROR when loading type: ", half = "LoadChannels(): Error: ";
+    const std::pair<const char*, std::string> cases[] = {
+        {"UPDATE ModuleTypes SET enable = 0", type},
+        {"DROP TABLE ModuleTypes",
+         "Load(): ERROR: Could not open Recordset 'ModuleTypes': The database engine cannot find the input table or "
+         "query 'ModuleTypes'."},
+        {"UPDATE ModuleTypes SET defaultName = 'x'", type + "Type mismatch"},
+        {"DELETE FROM Versions", half + "No current record.|" + type + "No current record."},
+    };
+    for (const auto& [sql, expected] : cases) {
+        const TestDatabase database(kSmallDescriptor + sql);
+        const Ref<Module> module = On(database);
+        EXPECT_EQ(Logged([&] { module->Load(u"A", {}, {}); }), expected) << sql;
+    }
+}
+
+TEST_F(ModuleLoad, LanguagesAreHexadecimalNumbersThatFitALong) {
+    const TestDatabase database(kSmallDescriptor +
+                                "INSERT INTO SupportedLanguages VALUES ('FFFFFFFF'), ('FFFFFFFFF'), ('zz'), ('')");
+    const Ref<Module> module = Loaded(database);
+    EXPECT_EQ(module->fdtDeviceTypeInformation().supportedLanguages,
+              (std::vector<Text>{u"&H0407", u"&H0809", u"&HFFFFFFFF"}));
+    EXPECT_FALSE(module->SetLanguage(5));
 }
 
 TEST_F(ModuleLoad, KeepsTheFormerTypeWhereTheDatabaseIsGoneAndDropsItWhereTheTypeIsUnknown) {
@@ -242,6 +284,14 @@ TEST_F(ModuleLoad, TellsListenersInOrderAndSurvivesFailingOnes) {
     EXPECT_EQ(second->heard, (std::vector<Text>{u"language", u"k=5", u"k=6", u"unload"}));
     module->Environment()->let_Variable(u"k", Variant(7));
     EXPECT_EQ(second->heard.size(), 4u);
+}
+
+TEST_F(ModuleLoad, FailingListenersOfValuesWithoutTextAreNoErrorEither) {
+    const Ref<Module> module = MakeObject<Module>();
+    const Ref<Listener> listener = MakeObject<Listener>();
+    module->RegisterCallback(listener->Dispatch());
+    EXPECT_EQ(Logged([&] { module->Environment()->let_Variable(u"k", Variant(Array::OfBytes({1}))); }),
+              "mEnvironment_Changed(): Error when calling OnEnvironmentChanged(k, ): Type mismatch");
 }
 
 TEST_F(ModuleLoad, UnregisteringTakesEveryEntryOff) {

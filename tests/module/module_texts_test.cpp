@@ -66,6 +66,8 @@ TEST(ModuleTexts, FilesRaiseWhereTextsDoNot) {
         INSERT INTO Files VALUES (1, 'a'), (1, 'b'))");
     EXPECT_THROW(Loaded(doubled)->GetTranslatedFile(1), RuntimeError);
     EXPECT_EQ(Loaded(doubled)->GetIndexedFile(1), u"");
+    const TestDatabase missing(kSmallDescriptor + "DROP TABLE Files");
+    EXPECT_EQ(Loaded(missing)->GetTranslatedFile(1), u"");
 }
 
 TEST(ModuleTexts, StaticScriptsNeedAChannel) {

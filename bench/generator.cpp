@@ -212,17 +212,18 @@ constexpr std::array<Recipe, 10> kRecipes = {LimitsByRule,   PlainInteger, TwoAl
                                              CheckedInteger, Scaled,       EnabledByRule,   LimitOfFirstGroup,
                                              RemovedByRule,  ListByRule};
 
-Recipe RecipeOf(int parameter, bool firstGroup) {
+Recipe RecipeOf(int parameter, bool firstGroup, ParameterMix mix) {
     if (parameter == 1) return Mode;
     if (parameter == 2) return Level;
+    if (mix == ParameterMix::OneRuleEach) return EnabledByRule;
     const Recipe recipe = kRecipes[static_cast<std::size_t>(parameter - 3) % kRecipes.size()];
     return recipe == LimitOfFirstGroup && firstGroup ? PlainInteger : recipe;
 }
 
 class ParameterWriter {
 public:
-    ParameterWriter(SqliteFile& file, Random& random)
-        : mTable(file, "Parameters", kParameterColumns), mRandom(random) {}
+    ParameterWriter(SqliteFile& file, Random& random, ParameterMix mix = ParameterMix::All)
+        : mTable(file, "Parameters", kParameterColumns), mRandom(random), mMix(mix) {}
 
     void BeginImage() { mImageByte = 0; }
 
@@ -231,7 +232,7 @@ public:
                     std::int64_t mostRows = std::numeric_limits<std::int64_t>::max()) {
         std::int64_t order = 0;
         for (int parameter = 1; parameter <= parameters; ++parameter) {
-            const Alternatives alternatives = RecipeOf(parameter, firstGroup)(mRandom);
+            const Alternatives alternatives = RecipeOf(parameter, firstGroup, mMix)(mRandom);
             ++mParameters;
             for (ParameterRow row : alternatives) {
                 if (mRows == mostRows) return;
@@ -255,6 +256,7 @@ public:
 private:
     Insert mTable;
     Random& mRandom;
+    ParameterMix mMix;
     std::int64_t mRows = 0;
     std::int64_t mParameters = 0;
     std::int64_t mImageByte = 0;
@@ -318,7 +320,7 @@ std::string GenerateDescriptor(const DescriptorShape& shape) {
     WriteChannels(file, shape);
     std::int64_t texts = 0;
     {
-        ParameterWriter parameters(file, random);
+        ParameterWriter parameters(file, random, shape.mix);
         for (int channel = 0; channel < shape.channels; ++channel) {
             parameters.BeginImage();
             for (int group = 1; group <= shape.groups; ++group) {

@@ -9,12 +9,19 @@
 
 namespace ov::bench {
 
+/// What the parameters of a group are.
+enum class ParameterMix {
+    All,         ///< all kinds in turn
+    OneRuleEach  ///< alike, each with the rule `P("1") = 1 And P("2") > 50` for being there
+};
+
 /// How large a descriptor is. Numbers of channels and groups begin at 0 and 1, those of parameters at 1.
 struct DescriptorShape {
     int channels = 1;
     int groups = 10;      ///< in each channel
     int parameters = 20;  ///< in each group; some have a second row, an alternative
     std::uint32_t seed = 1;
+    ParameterMix mix = ParameterMix::All;
 };
 
 /// Name of the one module type of a generated descriptor.

@@ -2,9 +2,11 @@
 #include <sqlite3.h>
 
 #include <array>
+#include <initializer_list>
 #include <memory>
 #include <stdexcept>
 #include <string>
+#include <utility>
 
 #include <lua.hpp>
 
@@ -15,6 +17,7 @@
 #include "module/module.h"
 #include "parameters/parameter_owner.h"
 #include "platform/automation/conversions.h"
+#include "tree/group.h"
 
 namespace ov::bench {
 
@@ -47,8 +50,11 @@ public:
         });
         return count;
     }
+    Ref<IBase_SpecGroup> Group(const Text& id) {
+        return mModule->Spec()->channels()->get_first()->groups()->get_Item(id);
+    }
     // A group beyond the first one, which rules of other groups read.
-    Ref<IBase_SpecGroup> Group() { return mModule->Spec()->channels()->get_first()->groups()->get_Item(u"5"); }
+    Ref<IBase_SpecGroup> InnerGroup() { return Group(u"5"); }
 
 private:
     template <class Collection, class Visit>
@@ -104,7 +110,7 @@ class EditedDevice {
 public:
     explicit EditedDevice(int parameters) : mModule(GenerateDescriptor(Shape(parameters))) {
         mModule.BuildAll();
-        mNumber = mModule.Group()->parameters()->get_Item(u"2")->Gui();
+        mNumber = mModule.InnerGroup()->parameters()->get_Item(u"2")->Gui();
     }
     std::size_t Edit() {
         mHigh = !mHigh;
@@ -176,23 +182,51 @@ auto Repeated(Run run) {
     };
 }
 
+void Write(IBase_SpecGroup& group, std::initializer_list<std::pair<const char16_t*, std::int32_t>> values) {
+    for (const auto& [id, value] : values) {
+        group.parameters()->get_Item(id)->let_value(value);
+    }
+}
+
 // A rule as the group's reader sees it: text in, answer out. Beside it Lua with the rule compiled beforehand, and
 // compiled each time.
 void EvaluateRule(benchmark::State& state) {
     LoadedModule module(GenerateDescriptor(Shape(200)));
-    const Ref<IBase_SpecGroup> group = module.Group();
-    for (const auto& [id, value] : {std::pair{u"2", 1}, std::pair{u"3", 6}}) {
-        group->parameters()->get_Item(id)->let_value(value);
-    }
+    const Ref<IBase_SpecGroup> group = module.InnerGroup();
+    Write(*group, {{u"2", 1}, {u"3", 6}});
     const Ref<ParameterOwner> owner = facet<ParameterOwner>(group);
     const Text rule = u"!:P(\"2\") = 1 And P(\"3\") > 5";
     LuaRule lua;
-    Compare(state, 10, Repeated([&] { return owner->GetBoolFromScript(rule, Variant()); }),
+    Compare(state, 3, Repeated([&] { return owner->GetBoolFromScript(rule, Variant()); }),
             Repeated([&] { return lua.RunCompiled(); }),
             AlsoBeside("ratioToCompiling", Repeated([&] { return lua.CompileAndRun(); })));
     state.SetItemsProcessed(state.iterations() * kRuns);
 }
 BENCHMARK(EvaluateRule)->UseManualTime();
+
+// A pass over a group of which each parameter has one rule, and nothing changes; beside it the rules alone.
+void SweepOfRules(benchmark::State& state) {
+    constexpr int kRules = 1'000;
+    LoadedModule module(
+        GenerateDescriptor({.channels = 1, .groups = 1, .parameters = kRules + 2, .mix = ParameterMix::OneRuleEach}));
+    const Ref<IBase_SpecGroup> group = module.Group(u"1");
+    Write(*group, {{u"1", 1}, {u"2", 60}});
+    auto& swept = dynamic_cast<Group&>(*group);
+    const Ref<ParameterOwner> owner = facet<ParameterOwner>(group);
+    const Text rule = u"!:P(\"1\") = 1 And P(\"2\") > 50";
+    const auto evaluate = [&] {
+        int held = 0;
+        for (int i = 0; i < kRules; ++i) {
+            held += owner->GetBoolFromScript(rule, Variant()) ? 1 : 0;
+        }
+        return held;
+    };
+    swept.ReconfigurationPass(false);  // the parameters that the writes brought in
+    Compare(
+        state, 2, [&] { return swept.ReconfigurationPass(false); }, evaluate);
+    state.SetItemsProcessed(state.iterations() * kRules);
+}
+BENCHMARK(SweepOfRules)->UseManualTime();
 
 }  // namespace
 

@@ -105,7 +105,7 @@ Variant Module::GetDBVersion() {
 }
 
 std::int32_t Module::GetModelVersionIndex() {
-    GetDBVersion();
+    if (mDBVersion.empty()) GetDBVersion();
     return mModelVersionIndex;
 }
 

@@ -109,7 +109,10 @@ Text Parameter::CellText(std::u16string_view column) const {
 
 Variant Parameter::EvaluatedCell(const char16_t* column, VarType type) {
     const Ref<Collection> row = Row();
-    return Owner()->GetParameterDescAsScript(column, *row, mId, type);
+    const Ref<ParameterOwner> owner = Owner();
+    // Short cut: most rows have no text here, and only a text can be a rule.
+    if (const Variant* cell = row->Find(column); cell && !cell->IsString()) return *cell;
+    return owner->GetParameterDescAsScript(column, *row, mId, type);
 }
 
 }  // namespace ov

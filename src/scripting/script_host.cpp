@@ -39,9 +39,8 @@ void ScriptHost::BindModule(IBase_SpecModule* module) {
     mScriptTexts->Bind(facet<ModuleServices>(module));
 }
 
-Variant ScriptHost::Evaluate(Text& script, bool silent) {
+Variant ScriptHost::Evaluate(const Text& script, bool silent) {
     ++GlobalDiagnostics().debugCountEval;
-    script = ReplaceAll(script, u"^^", {});  // a mark that descriptor texts may carry
     try {
         return mScriptControl.Eval(script);
     } catch (const RuntimeError& error) {

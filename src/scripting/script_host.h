@@ -20,9 +20,9 @@ class ScriptHost {
 public:
     /// Binds `CH`, `ENV`, `CONFM` and `GETTEXT`. Called once, by the owner's configuration.
     void BindModule(IBase_SpecModule* module);
-    /// The value of an expression. Every "^^" goes from the caller's text first. A failure gives Empty and, unless
-    /// @p silent, a line in the log. Counts in debugCountEval.
-    Variant Evaluate(Text& script, bool silent);
+    /// The value of an expression. A failure gives Empty and, unless @p silent, a line in the log. Counts in
+    /// debugCountEval.
+    Variant Evaluate(const Text& script, bool silent);
     /// Runs statements; a failure leaves a line in the log.
     void ExecuteScript(const Text& statement);
 

@@ -24,6 +24,7 @@ Ref<IBase_GuiParameter> GuiOf(IBase_SpecParameter& parameter) {
 }
 
 void MarkAsRead(IBase_SpecParameter& parameter) {
+    if (parameter.scriptAccess()) return;
     if (const auto internal = facet<IBase_Internal>(&parameter)) internal->let_scriptAccess(true);
 }
 
@@ -37,7 +38,7 @@ Variant ReadAndMark(IBase_SpecParameter& parameter) {
 }  // namespace
 
 Ref<IBase_SpecParameter> ScriptingParameters::Parameter(const Variant& id) {
-    Ref<IBase_SpecParameter> parameter = mData ? mData->get_Item(ToText(id)) : nullptr;
+    Ref<IBase_SpecParameter> parameter = mData ? mData->get_Item(id.IsString() ? id.AsText() : ToText(id)) : nullptr;
     if (!parameter) Raise(ErrorNumber::ObjectVariableNotSet);
     return parameter;
 }

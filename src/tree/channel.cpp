@@ -134,7 +134,7 @@ Variant Channel::Evaluate(const Text& script, bool silent) {
     try {
         if (mServices->GetModelVersionIndex() < 1) return EvaluateRawScript(script, silent, false);
         if (!HasScriptPrefix(script) || script.size() <= 2) return script;
-        return EvaluateRawScript(script.view().substr(2), silent, false);
+        return EvaluateFrom(kScriptPrefix, script, silent, false);
     } catch (const RuntimeError& error) {
         if (DebugOutput()) {
             LogEntry(Dispatch(), u"Evaluate(" + script + u"): ONERROR: Error " + Text::FromInteger(error.number()) +
@@ -145,9 +145,13 @@ Variant Channel::Evaluate(const Text& script, bool silent) {
 }
 
 Variant Channel::EvaluateRawScript(const Text& script, bool silent, bool textFallback) {
+    return EvaluateFrom(0, script, silent, textFallback);
+}
+
+Variant Channel::EvaluateFrom(std::size_t begin, const Text& text, bool silent, bool textFallback) {
     if (!LoadGroups() || !mScriptHost) return Variant();
     const Ref<ChannelScripting> host = mScriptHost;  // a script may unload the tree under itself
-    return EvaluateOnHost(*host, Dispatch(), mId, script, silent, textFallback);
+    return EvaluateOnHost(*host, Dispatch(), mId, text, begin, silent, textFallback);
 }
 
 Variant Channel::EvaluateScript(const Variant& script) {

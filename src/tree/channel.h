@@ -58,6 +58,7 @@ public:
     Variant Evaluate(const Text& script, bool silent);
     /// The value of a script without prefix; with @p textFallback a text that gives nothing stands for itself.
     Variant EvaluateRawScript(const Text& script, bool silent, bool textFallback);
+    Variant EvaluateFrom(std::size_t begin, const Text& text, bool silent, bool textFallback);
     const Variant& Id() const noexcept { return mId; }
     ModuleServices* Services() noexcept { return mServices.get(); }
     /// One pass over all loaded groups. @returns true if a parameter that scripts have read was reconfigured

@@ -157,6 +157,7 @@ private:
     ModuleServices* Services() const noexcept;
     /// True if prefixes tell what is a script; else the shape of a text does.
     bool HasPrefixes() const;
+    Variant EvaluateFrom(std::size_t begin, const Text& text, bool silent, bool textFallback);
 
     void ReadParameters();
     bool IsWanted(Recordset& row, const std::optional<std::u16string_view>& filter);

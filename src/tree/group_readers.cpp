@@ -22,10 +22,6 @@ bool IsLive(const Text& text) {
     return text.view().starts_with(u"!:");
 }
 
-Text WithoutPrefix(const Text& text) {
-    return text.view().substr(2);
-}
-
 }  // namespace
 
 ModuleServices* Group::Services() const noexcept {
@@ -41,13 +37,17 @@ bool Group::HasPrefixes() const {
 }
 
 Variant Group::EvaluateRawScript(const Text& text, bool silent, bool textFallback) {
+    return EvaluateFrom(0, text, silent, textFallback);
+}
+
+Variant Group::EvaluateFrom(std::size_t begin, const Text& text, bool silent, bool textFallback) {
     if (!LoadParameters() || !mScriptHost) return Variant();
     const Ref<GroupScripting> host = mScriptHost;  // a script may unload the tree under itself
-    return EvaluateOnHost(*host, Dispatch(), mId, text, silent, textFallback);
+    return EvaluateOnHost(*host, Dispatch(), mId, text, begin, silent, textFallback);
 }
 
 Variant Group::EvaluateScriptOrLiteral(const Text& text, bool silent) {
-    return HasScriptPrefix(text) ? EvaluateRawScript(WithoutPrefix(text), silent, false) : Variant(text);
+    return HasScriptPrefix(text) ? EvaluateFrom(kScriptPrefix, text, silent, false) : Variant(text);
 }
 
 Variant Group::EvaluateByModelVersion(const Text& text) {
@@ -95,7 +95,7 @@ Variant Group::GetParameterDescAsScript(const Text& fieldname, Collection& data,
         const Text text = cell.AsText();
         if (HasPrefixes()) {
             if (HasScriptPrefix(text)) {
-                Variant result = EvaluateRawScript(WithoutPrefix(text), false, false);
+                Variant result = EvaluateFrom(kScriptPrefix, text, false, false);
                 if (!IsLive(text)) {
                     // Evaluated once: the result takes the cell's place for good.
                     data.RemoveKey(fieldname);
@@ -159,7 +159,7 @@ Variant Group::GetDecimalFromScript(const Text& text, const Variant& id) {
 template <class Number>
 Number Group::FloatFromScript(const Text& text, Number (*convert)(const Variant&)) {
     if (HasPrefixes()) {
-        if (HasScriptPrefix(text)) return convert(EvaluateRawScript(WithoutPrefix(text), false, false));
+        if (HasScriptPrefix(text)) return convert(EvaluateFrom(kScriptPrefix, text, false, false));
         // The text of no number is no number: the failure is what its readers look for.
         return text == kNoNumber ? convert(text) : convert(ValPrefix(text));
     }

@@ -158,6 +158,20 @@ private:
     Value mValue;
 };
 
+// A Variant that is read only stays where it is.
+template <>
+class ArgumentSlot<const Variant&> {
+public:
+    static constexpr bool kOptional = false;
+
+    ArgumentSlot(Arguments& arguments, std::size_t index) : mValue(arguments.values[index]) {}
+    const Variant& Pass() const { return mValue; }
+    void WriteBack(Arguments&, std::size_t) {}
+
+private:
+    const Variant& mValue;
+};
+
 template <class T>
 requires(!std::is_const_v<T>) class ArgumentSlot<T&> {
 public:

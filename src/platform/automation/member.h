@@ -30,6 +30,10 @@ template <class T>
 struct SlotOf<const T&> {
     using Type = ArgumentSlot<T>;
 };
+template <>
+struct SlotOf<const Variant&> {
+    using Type = ArgumentSlot<const Variant&>;
+};
 template <class T>
 using Slot = typename SlotOf<T>::Type;
 

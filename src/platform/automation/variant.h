@@ -2,8 +2,10 @@
 /// The tagged value type of every public value.
 #pragma once
 
+#include <bit>
 #include <concepts>
 #include <cstdint>
+#include <cstring>
 #include <new>
 #include <type_traits>
 #include <utility>
@@ -61,15 +63,15 @@ struct ErrorCode {
 class Variant {
 public:
     Variant() noexcept : mBits(0) {}
-    Variant(bool value) noexcept : mType(VarType::Boolean), mBoolean(value) {}
-    Variant(std::uint8_t value) noexcept : mType(VarType::Byte), mByte(value) {}
-    Variant(std::int16_t value) noexcept : mType(VarType::Integer), mInteger(value) {}
-    Variant(std::int32_t value) noexcept : mType(VarType::Long), mLong(value) {}
-    Variant(float value) noexcept : mType(VarType::Single), mSingle(value) {}
+    Variant(bool value) noexcept : mType(VarType::Boolean), mBits(value) {}
+    Variant(std::uint8_t value) noexcept : mType(VarType::Byte), mBits(value) {}
+    Variant(std::int16_t value) noexcept : mType(VarType::Integer), mBits(static_cast<std::uint64_t>(value)) {}
+    Variant(std::int32_t value) noexcept : mType(VarType::Long), mBits(static_cast<std::uint64_t>(value)) {}
+    Variant(float value) noexcept : mType(VarType::Single), mBits(std::bit_cast<std::uint32_t>(value)) {}
     Variant(double value) noexcept : mType(VarType::Double), mDouble(value) {}
     Variant(Currency value) noexcept : mType(VarType::Currency), mCurrency(value.scaled) {}
     Variant(Date value) noexcept : mType(VarType::Date), mDouble(value.days) {}
-    Variant(ErrorCode value) noexcept : mType(VarType::Error), mLong(value.code) {}
+    Variant(ErrorCode value) noexcept : mType(VarType::Error), mBits(static_cast<std::uint64_t>(value.code)) {}
     Variant(const Decimal& value) noexcept
         : mType(VarType::Decimal),
           mScale(value.mScale),
@@ -147,11 +149,12 @@ private:
     bool NeedsRelease() const noexcept {
         return mType == VarType::String || mType == VarType::Object || mType == VarType::Array;
     }
+    // All that lies before the bits, in one step.
+    void CopyHead(const Variant& other) noexcept {
+        std::memcpy(static_cast<void*>(this), static_cast<const void*>(&other), sizeof(std::uint64_t));
+    }
     void CopyFrom(const Variant& other) noexcept {
-        mType = other.mType;
-        mScale = other.mScale;
-        mNegative = other.mNegative;
-        mHigh = other.mHigh;
+        CopyHead(other);
         if (other.NeedsRelease()) {
             ShareContent(other);
         } else {
@@ -160,11 +163,9 @@ private:
     }
     // A Text, an Array and an object are each one pointer, so a move takes the bits over.
     void MoveFrom(Variant& other) noexcept {
-        mType = std::exchange(other.mType, VarType::Empty);
-        mScale = other.mScale;
-        mNegative = other.mNegative;
-        mHigh = other.mHigh;
+        CopyHead(other);
         mBits = std::exchange(other.mBits, 0);
+        other.mType = VarType::Empty;
     }
     void Clear() noexcept {
         if (NeedsRelease()) ReleaseContent();
@@ -173,6 +174,10 @@ private:
     }
     void ShareContent(const Variant& other) noexcept;
     void ReleaseContent() noexcept;
+
+    // A value is written and copied in two whole words, whatever its type: a processor waits for a word of which a part
+    // has just been written. Its narrow forms are the low end of mBits.
+    static_assert(std::endian::native == std::endian::little);
 
     VarType mType = VarType::Empty;
     std::uint8_t mScale = 0;  // of a Decimal

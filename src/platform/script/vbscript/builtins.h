@@ -54,6 +54,10 @@ struct Builtin {
     std::uint8_t fewest;
     std::uint8_t most;
     Variant (*call)(BuiltinContext& context, std::span<Variant> arguments);
+
+    constexpr bool Takes(std::size_t count) const noexcept {
+        return count >= fewest && (count <= most || most == kAnyNumber);
+    }
 };
 
 /// The function of a name, without regard to case, or nullptr. "Randomize" is among them, LBound and UBound are, too.

@@ -38,6 +38,13 @@ struct Name {
     Intrinsic intrinsic = Intrinsic::None;
     const Builtin* builtin = nullptr;
     const Variant* constant = nullptr;
+
+    /// What the name stood for when a text was linked last, and the number of the namespace where it did.
+    struct Link {
+        std::uint64_t space = 0;
+        Global* global = nullptr;
+    };
+    mutable Link last = {};
 };
 
 /// A place that calls a member by name, with the number that the name had in the last object. An object is known by
@@ -158,6 +165,9 @@ public:
     bool hasStatements = false;  ///< there is something to run
     MemoryAccount::Share memory;
 
+    bool DefinesNames() const noexcept {
+        return !(procedures.empty() && classes.empty() && variables.empty() && constants.empty());
+    }
     /// True if the text holds procedures and nothing else, so that an engine need not look at it before it is used.
     bool HasProceduresOnly() const noexcept {
         return !hasStatements && classes.empty() && variables.empty() && constants.empty();

@@ -1,11 +1,10 @@
 #include "platform/script/vbscript/code_cache.h"
 
-#include <array>
-#include <cstdint>
 #include <functional>
 #include <list>
 #include <unordered_map>
 
+#include "platform/automation/text_memo.h"
 #include "platform/script/vbscript/compiler.h"
 #include "platform/script/vbscript/limits.h"
 
@@ -30,15 +29,11 @@ struct HashKey {
 class Cache {
 public:
     Ref<Unit> Get(const Text& source, bool isExpression) {
-        // Short cut: hosts evaluate the same Text again and again. An entry here keeps its characters alive, so that
-        // no other text can be at their place.
-        Recent& recent = mRecent[RecentSlot(source, isExpression)];
-        if (recent.unit && recent.source.data() == source.data() && recent.source.size() == source.size() &&
-            recent.isExpression == isExpression) {
-            return recent.unit;
-        }
+        // Short cut: hosts evaluate the same Text again and again.
+        TextMemo<Ref<Unit>>& recent = isExpression ? mRecentExpressions : mRecentStatements;
+        if (const Ref<Unit>* known = recent.Find(source)) return *known;
         Ref<Unit> unit = Find(source, isExpression);
-        if (source.size() <= kMaxRecentLength) recent = {source, unit, isExpression};
+        recent.Keep(source, unit);
         return unit;
     }
 
@@ -48,18 +43,7 @@ private:
         bool isExpression;
         Ref<Unit> unit;
     };
-    struct Recent {
-        Text source;
-        Ref<Unit> unit;
-        bool isExpression = false;
-    };
-    static constexpr std::size_t kRecentSlots = 1024;
-    static constexpr std::size_t kMaxRecentLength = 4096;
 
-    static std::size_t RecentSlot(const Text& source, bool isExpression) noexcept {
-        const auto address = reinterpret_cast<std::uintptr_t>(source.data());
-        return ((address >> 4) ^ (address >> 14) ^ (isExpression ? 1u : 0u)) % kRecentSlots;
-    }
     // A rough measure of what an entry holds: code and tables are some times as long as the text.
     static std::size_t Cost(const Text& source) noexcept { return 512 + source.size() * 16; }
 
@@ -83,7 +67,8 @@ private:
         return unit;
     }
 
-    std::array<Recent, kRecentSlots> mRecent;
+    TextMemo<Ref<Unit>> mRecentExpressions;
+    TextMemo<Ref<Unit>> mRecentStatements;
     std::list<Entry> mEntries;  // the one used last is the first
     std::unordered_map<Key, std::list<Entry>::iterator, HashKey> mIndex;
     std::size_t mCost = 0;

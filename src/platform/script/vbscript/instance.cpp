@@ -1,7 +1,5 @@
 #include "platform/script/vbscript/instance.h"
 
-#include <typeinfo>
-
 #include "platform/automation/errors.h"
 #include "platform/script/vbscript/machine.h"
 #include "platform/script/vbscript/run_guard.h"
@@ -31,11 +29,6 @@ Instance::Instance(BoundClass& boundClass) : mSpace(boundClass.space), mClass(&b
 
 Instance::~Instance() {
     Abandon();
-}
-
-Instance* Instance::From(IDispatch* object) noexcept {
-    // Compared by address: both are of this library.
-    return &typeid(*object) == &typeid(Instance) ? static_cast<Instance*>(object) : nullptr;
 }
 
 void* Instance::QueryInterface(const Guid& iid) noexcept {
@@ -105,10 +98,6 @@ Variant Instance::Invoke(DispId id, CallKind kind, Arguments& arguments) {
     if (index < 0 || static_cast<std::size_t>(index) >= code.members.size()) Raise(ErrorNumber::NoSuchMember);
     const ClassCode::Member& member = code.members[static_cast<std::size_t>(index)].value;
     return Machine::Get().InvokeInstance(*this, member, kind, arguments);
-}
-
-FunctionObject* FunctionObject::From(IDispatch* object) noexcept {
-    return &typeid(*object) == &typeid(FunctionObject) ? static_cast<FunctionObject*>(object) : nullptr;
 }
 
 void* FunctionObject::QueryInterface(const Guid& iid) noexcept {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <memory>
+#include <typeinfo>
 
 #include "platform/automation/memory_account.h"
 #include "platform/automation/object.h"
@@ -29,7 +30,10 @@ public:
     BoundClass& Class() const noexcept { return *mClass; }
     Slot* Fields() const noexcept { return mFields.get(); }
     /// @p object as an instance of a script's class, borrowed, or nullptr.
-    static Instance* From(IDispatch* object) noexcept;
+    static Instance* From(IDispatch* object) noexcept {
+        // Compared by address: both are of this library.
+        return &typeid(*object) == &typeid(Instance) ? static_cast<Instance*>(object) : nullptr;
+    }
 
     /// Releases what the fields hold; Class_Terminate does not run any more.
     void Abandon() noexcept;
@@ -72,7 +76,9 @@ public:
     Text ClassName() const override { return u"Object"; }
 
     BoundCode& Procedure() const noexcept { return *mProcedure; }
-    static FunctionObject* From(IDispatch* object) noexcept;
+    static FunctionObject* From(IDispatch* object) noexcept {
+        return &typeid(*object) == &typeid(FunctionObject) ? static_cast<FunctionObject*>(object) : nullptr;
+    }
 
 private:
     ~FunctionObject() = default;

@@ -15,7 +15,6 @@ namespace ov::vbscript {
 
 namespace {
 
-constexpr std::int32_t kStepsBetweenChecks = 64;  // few, since a step can be the copy of a big array
 constexpr std::size_t kBytesOfStep = 4096;
 
 /// The variable that a slot stands for, or its own value.
@@ -96,8 +95,7 @@ void Machine::CheckTime() {
 void Machine::Charge(std::size_t bytes) {
     if (bytes < kBytesOfStep) return;
     constexpr std::size_t kMost = 1u << 20;
-    mBudget -= static_cast<std::int32_t>(std::min(bytes / kBytesOfStep, kMost));
-    if (mBudget < 0) CheckTime();
+    Tick(static_cast<std::int32_t>(std::min(bytes / kBytesOfStep, kMost)));
 }
 
 std::uint32_t& Machine::RandomSeed() {
@@ -113,9 +111,10 @@ Variant Machine::CallFunction(const Variant& function, std::span<Variant> argume
 }
 
 Variant Machine::RunUnit(Namespace& space, const Ref<Unit>& unit) {
+    if (!mTop) mBudget = kStepsBetweenChecks;  // the guard has just looked at the clock
     const RunGuard guard(space.timeout);
     const Ref<Namespace> keep(&space);
-    space.Define(unit);
+    if (unit->DefinesNames()) space.Define(unit);
     if (!unit->hasStatements) return Variant();
     PushUnit(space, unit, nullptr, nullptr, false);
     return Run();
@@ -179,6 +178,12 @@ void Machine::Execute() {
             {Opcode::Or, &&doOr},
             {Opcode::Negate, &&doNegate},
             {Opcode::Concatenate, &&doConcatenate},
+            {Opcode::Equal, &&doEqual},
+            {Opcode::NotEqual, &&doNotEqual},
+            {Opcode::Less, &&doLess},
+            {Opcode::LessEqual, &&doLessEqual},
+            {Opcode::Greater, &&doGreater},
+            {Opcode::GreaterEqual, &&doGreaterEqual},
             {Opcode::Jump, &&doJump},
             {Opcode::JumpBack, &&doJumpBack},
             {Opcode::JumpIfFalse, &&doJumpIfFalse},
@@ -225,6 +230,16 @@ void Machine::Execute() {
     const auto at = [&](std::uint32_t operand) -> Slot& {
         return *reinterpret_cast<Slot*>(bases[operand & Operand::kKindMask] + operand);
     };
+    const auto compare = [&]<class Comparison>(Comparison) {
+        Slot& to = at(i->a);
+        bool result;
+        if (fast::TakesBoolean(to.value) && Comparing<Comparison>(at(i->b), at(i->c), result)) {
+            to.Put(result);
+        } else {
+            Compare(*i);
+        }
+        ++i;
+    };
     const auto holds = [&]<class Comparison>(Comparison) {
         bool result;
         return Comparing<Comparison>(at(i->a), at(i->b), result) ? result : Test(*i);
@@ -236,9 +251,14 @@ void Machine::Execute() {
     };
     // For an instruction that may begin a frame.
     const auto call = [&](void (Machine::*function)(const Instruction&)) {
+        const Frame* const caller = mTop;
         mTop->pc = i + 1;
         (this->*function)(*i);
-        load();
+        if (mTop == caller) {
+            ++i;
+        } else {
+            load();
+        }
     };
     for (;;) {
         try {
@@ -250,7 +270,12 @@ void Machine::Execute() {
                 ++i;
                 continue;
             doMove:
-                if (!fast::Copy(at(i->b).value, at(i->a).value)) Move(*i);
+                if (Slot& from = at(i->b), &to = at(i->a); fast::Copy(from.value, to.value)) {
+                } else if (from.Type() == VarType::String && to.IsSimple() && !(i->flags & kFreeB)) {
+                    new (&to.value) Variant(from.value.AsText());
+                } else {
+                    Move(*i);
+                }
                 ++i;
                 continue;
             doPassRef:
@@ -300,6 +325,24 @@ void Machine::Execute() {
             doConcatenate:
                 Concatenate(*i);
                 ++i;
+                continue;
+            doEqual:
+                compare(fast::Equal());
+                continue;
+            doNotEqual:
+                compare(fast::NotEqual());
+                continue;
+            doLess:
+                compare(fast::Less());
+                continue;
+            doLessEqual:
+                compare(fast::LessEqual());
+                continue;
+            doGreater:
+                compare(fast::Greater());
+                continue;
+            doGreaterEqual:
+                compare(fast::GreaterEqual());
                 continue;
             doJump:
                 i += i->Distance();
@@ -360,14 +403,14 @@ void Machine::Execute() {
                 call(&Machine::PassName);
                 continue;
             doCallName:
-                mTop->pc = i + 1;
                 if (const Slot& link = mTop->links[i->b]; IsProcedure(link, *i)) {
                     Slot* const window = mTop->slots + i->a;
+                    mTop->pc = i + 1;
                     PushFrame(*link.link.global->procedure, nullptr, window, i->c, window, (i->flags & kDiscard) != 0);
+                    load();
                 } else {
-                    CallName(*i);
+                    call(&Machine::CallName);
                 }
-                load();
                 continue;
             doCallMember:
                 call(&Machine::CallMember);

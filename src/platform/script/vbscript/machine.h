@@ -112,6 +112,7 @@ private:
     void CallMember(const Instruction& instruction);
     void CallValue(const Instruction& instruction);
     bool CallsItself(const Variant& variable, const Instruction& instruction) const noexcept;
+    void CallPublished(Global& global, Slot* window, std::size_t count, std::uint8_t flags);
     void CallScope(Slot* window, const Instruction& instruction);
     void CallGlobal(Global& global, std::uint32_t window, std::size_t count, std::uint8_t flags);
     void CallObject(Variant callee, Slot* arguments, std::size_t count, Slot* result, std::uint8_t flags);
@@ -155,9 +156,13 @@ private:
     Position PositionOf(const Frame& frame) const noexcept;
     void Charge(std::size_t bytes);
     static std::size_t SizeOf(const Variant& value) noexcept;
-    void Tick() {
-        if (--mBudget < 0) CheckTime();
+    void Tick(std::int32_t steps = 1) {
+        mBudget -= steps;
+        if (mBudget < 0) CheckTime();
     }
+
+    static constexpr std::int32_t kStepsBetweenChecks = 64;  // few, since a step can be the copy of a big array
+    static constexpr std::int32_t kStepsOfHostCall = 24;     // it may take long
 
     std::unique_ptr<std::byte[]> mSlotMemory;
     std::unique_ptr<std::byte[]> mFrameMemory;

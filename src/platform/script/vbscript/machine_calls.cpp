@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <array>
 
 #include "platform/automation/conversions.h"
@@ -34,6 +35,13 @@ void Machine::Finish(Slot* result, Variant&& value, std::uint8_t flags) noexcept
 // Calls something native with arguments that are values or stand for variables, and ends them.
 template <class Function>
 Variant Machine::CallWithValues(Slot* arguments, std::size_t count, Function function) {
+    if (std::none_of(arguments, arguments + count, [](const Slot& slot) { return slot.IsAlias(); })) {
+        Arguments call{{count == 0 ? nullptr : &arguments[0].value, count}};
+        Variant result = function(call);
+        mWritten = call.written;
+        ClearSlots(arguments, count);
+        return result;
+    }
     Targets targets(count);
     for (std::size_t i = 0; i < count; ++i) {
         targets[i] = nullptr;
@@ -41,7 +49,7 @@ Variant Machine::CallWithValues(Slot* arguments, std::size_t count, Function fun
         targets[i] = arguments[i].link.variable;
         new (&arguments[i].value) Variant(*targets[i]);
     }
-    Arguments call{{count == 0 ? nullptr : &arguments[0].value, count}};
+    Arguments call{{&arguments[0].value, count}};
     Variant result = function(call);
     mWritten = call.written;
     for (std::size_t i = 0; i < count; ++i) {
@@ -55,7 +63,7 @@ Variant Machine::CallWithValues(Slot* arguments, std::size_t count, Function fun
 
 Variant Machine::InvokeObject(IDispatch* object, DispId id, CallKind kind, Slot* arguments, std::size_t count) {
     Variant result = CallWithValues(arguments, count, [&](Arguments& call) { return object->Invoke(id, kind, call); });
-    CheckTime();  // the host may have taken long
+    Tick(kStepsOfHostCall);
     return result;
 }
 
@@ -72,6 +80,7 @@ void Machine::CallName(const Instruction& i) {
         return CallObject(*link.link.variable, window, i.c, window, i.flags);
     }
     Global& global = *link.link.global;
+    if (global.kind == Global::Kind::Object) return CallPublished(global, window, i.c, i.flags);
     if (global.kind == Global::Kind::Undefined && !IsWritten(global)) {
         if (Global* added = AddedName(mTop->code->names[i.b])) return CallGlobal(*added, i.a, i.c, i.flags);
     }
@@ -83,6 +92,16 @@ bool Machine::CallsItself(const Variant& variable, const Instruction& i) const n
     const Frame* const scope = mTop->scope;
     return scope && scope != mTop && !(i.flags & kBare) && scope->code->hasResult &&
            &variable == &scope->slots[scope->code->result].value;
+}
+
+void Machine::CallPublished(Global& global, Slot* window, std::size_t count, std::uint8_t flags) {
+    IDispatch* const object = global.value.AsObject();
+    if (!object || Instance::From(object) || FunctionObject::From(object)) {
+        return CallObject(global.value, window, count, window, flags);
+    }
+    const Ref<IDispatch> keep(object);  // the script may take it from the engine
+    Variant value = InvokeObject(object, kDispIdValue, CallKind::Call, window, count);
+    if (!(flags & kDiscard)) new (&window->value) Variant(std::move(value));  // the arguments have ended
 }
 
 void Machine::CallScope(Slot* window, const Instruction& i) {
@@ -98,7 +117,7 @@ void Machine::CallGlobal(Global& global, std::uint32_t slot, std::size_t count, 
             return;
         case Global::Kind::Builtin: {
             const Builtin& builtin = *global.builtin;
-            if (count < builtin.fewest || count > builtin.most) Raise(ErrorNumber::WrongArgumentCount);
+            if (!builtin.Takes(count)) Raise(ErrorNumber::WrongArgumentCount);
             Tick();
             Variant result =
                 CallWithValues(window, count, [&](Arguments& call) { return builtin.call(*this, call.values); });

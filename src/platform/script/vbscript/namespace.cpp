@@ -177,7 +177,7 @@ void Namespace::DefineLocally(const Ref<Unit>& unit, Globals& locals) {
     }
 }
 
-Global& Namespace::Resolve(const Name& name) {
+Global& Namespace::Enter(const Name& name) {
     if (std::unique_ptr<Global>* known = mGlobals.Find(name.text, name.hash)) return **known;
     Global& global = EnterName(mGlobals, name.text, name.hash);
     LookUp(name, global);

@@ -93,7 +93,7 @@ Global& EnterName(Globals& globals, const Text& name, std::uint32_t hash);
 /// outlive its engine; Clear has taken everything out of it then.
 class Namespace : public Counted<Namespace> {
 public:
-    explicit Namespace(bool ruleNames) noexcept : mRuleNames(ruleNames) {}
+    explicit Namespace(bool ruleNames) noexcept : mRuleNames(ruleNames), mNumber(++sLastNumber) {}
     ~Namespace();
 
     void Publish(const Text& name, IDispatch* object, bool addMembers);
@@ -104,8 +104,11 @@ public:
     /// The same into @p locals, for a text that runs inside a procedure; its classes are global.
     void DefineLocally(const Ref<Unit>& unit, Globals& locals);
 
-    /// What @p name stands for; entered as undefined if it stands for nothing.
-    Global& Resolve(const Name& name);
+    /// What @p name stands for; entered as undefined if it stands for nothing. Its place stays the same.
+    Global& Resolve(const Name& name) {
+        if (name.last.space != mNumber) name.last = {mNumber, &Enter(name)};
+        return *name.last.global;
+    }
     /// The procedure of a name, or nullptr.
     BoundCode* FindProcedure(std::u16string_view name);
     /// Makes an undefined name a variable.
@@ -129,6 +132,7 @@ private:
         bool addMembers;
     };
 
+    Global& Enter(const Name& name);
     void NoteLinked(BoundCode& code);
     void ForgetLinked(BoundCode& code) noexcept;
     void Reset(Global& global, Global::Kind kind);
@@ -137,7 +141,10 @@ private:
     const Unit::Procedure* FindLazily(std::u16string_view name, std::uint32_t hash, Ref<Unit>& unit) const noexcept;
     void DefineVariable(Global& global, const Declaration& declaration);
 
+    static inline std::uint64_t sLastNumber = 0;
+
     bool mRuleNames;
+    std::uint64_t mNumber;                // tells namespaces apart, for ever
     std::uint32_t mRandomSeed = 0x50000;  // so begins every engine
     std::vector<Published> mPublished;
     std::vector<Ref<Unit>> mUnits;    // procedures that are entered when a text first names them

@@ -6,6 +6,7 @@
 
 #include "module/environment.h"
 #include "module/module.h"
+#include "module/station.h"
 #include "module/unload_pointer.h"
 #include "parameters/param_dependency.h"
 #include "parameters/parameter_decimal.h"
@@ -37,6 +38,7 @@ constexpr Maker MakerOf() {
 
 constexpr std::array kMakers = {
     MakerOf<Module>(),
+    MakerOf<Station>(),
     MakerOf<Environment>(),
     MakerOf<UnloadPointer>(),
     MakerOf<Channel>(),
@@ -68,20 +70,12 @@ constexpr std::array kMakers = {
     MakerOf<TypedList<IBase_SpecParameter>>(),
 };
 
-const Maker* FindMaker(const ClassDescription& description) {
-    const auto at = std::ranges::find(kMakers, description.name, &Maker::name);
-    return at == kMakers.end() ? nullptr : &*at;
-}
-
 }  // namespace
 
 Ref<IDispatch> MakeObjectOfClass(const ClassDescription& description) {
-    const Maker* maker = FindMaker(description);
-    return maker ? Ref<IDispatch>::Adopt(maker->make()) : nullptr;
-}
-
-bool IsCreatable(const ClassDescription& description) {
-    return FindMaker(description) != nullptr;
+    const auto at = std::ranges::find(kMakers, description.name, &Maker::name);
+    if (at == kMakers.end()) Raise(ErrorNumber::InternalError);  // a class that the table above lacks
+    return Ref<IDispatch>::Adopt(at->make());
 }
 
 }  // namespace ov

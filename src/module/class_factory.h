@@ -7,10 +7,7 @@
 
 namespace ov {
 
-/// A new object of a creatable class, as its default interface; Nothing for a class that this version does not make.
+/// A new object of a class of the contract, as its default interface.
 Ref<IDispatch> MakeObjectOfClass(const ClassDescription& description);
-
-/// True if MakeObjectOfClass makes objects of this class.
-bool IsCreatable(const ClassDescription& description);
 
 }  // namespace ov

@@ -90,7 +90,7 @@ std::int32_t DllGetClassObject(const Guid& rclsid, const Guid& riid, void** ppv)
     *ppv = nullptr;
     const std::span<const ClassDescription> classes = ClassDescriptions();
     const auto at = std::ranges::find(classes, rclsid, &ClassDescription::clsid);
-    if (at == classes.end() || !IsCreatable(*at)) return kOvClassNotAvailable;
+    if (at == classes.end()) return kOvClassNotAvailable;
     *ppv = ClassFactories()[static_cast<std::size_t>(at - classes.begin())].QueryInterface(riid);
     return *ppv ? kOvOk : kOvNoInterface;
 }
@@ -104,7 +104,6 @@ std::int32_t DllRegisterServer() noexcept {
         const Text library = LibraryFile();
         std::vector<registry::Entry> entries;
         for (const ClassDescription& description : ClassDescriptions()) {
-            if (!IsCreatable(description)) continue;
             const Text key = ClassKey(description);
             const Text progId = ProgId(description);
             entries.push_back({key, u"", progId});

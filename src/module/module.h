@@ -13,38 +13,40 @@
 #include "descriptor/module_services.h"
 #include "descriptor/translation_table.h"
 #include "module/environment.h"
-#include "platform/automation/callback_list.h"
 #include "platform/store/store.h"
+#include "tree/event_relay.h"
+#include "tree/kind_folds.h"
 #include "tree/typed_collection.h"
 
 namespace ov {
 
 class Channel;
+class Station;
 
 /// `channels` and `station` have one name and two types in the module's faces; these facets part them.
-class GuiModuleFacet : public Facet<IBase_GuiModule> {
+class GuiModuleFacet : public DatasetFolds<IBase_GuiModule, IBase_GuiChannel> {
 public:
     Ref<CBase_GuiChannelCollection> channels() final { return GuiChannels(); }
-    Ref<IBase_GuiStation> station() final { return facet<IBase_GuiStation>(Station()); }
+    Ref<IBase_GuiStation> station() final { return facet<IBase_GuiStation>(OwnStation()); }
 
 protected:
     virtual Ref<CBase_GuiChannelCollection> GuiChannels() = 0;
-    virtual Ref<IUnknown> Station() = 0;
+    virtual Ref<IUnknown> OwnStation() = 0;
 };
 class SpecModuleFacet : public Facet<IBase_SpecModule> {
 public:
     Ref<CBase_SpecChannelCollection> channels() final { return SpecChannels(); }
-    Ref<IBase_SpecStation> station() final { return facet<IBase_SpecStation>(Station()); }
+    Ref<IBase_SpecStation> station() final { return facet<IBase_SpecStation>(OwnStation()); }
 
 protected:
     virtual Ref<CBase_SpecChannelCollection> SpecChannels() = 0;
-    virtual Ref<IUnknown> Station() = 0;
+    virtual Ref<IUnknown> OwnStation() = 0;
 };
 
 /// CBase_Module. Holds the open database, the row of its type, the caches of texts, and the channels once they are
 /// asked for. The tree below holds the module strongly; only Unload ends that ring.
-class Module final : public Object<Module, Facet<CBase_Module>, SpecModuleFacet, Facet<IBase_CallbackParameter>,
-                                   GuiModuleFacet, Facet<ModuleServices>> {
+class Module final
+    : public Object<Module, Facet<CBase_Module>, SpecModuleFacet, EventRelay, GuiModuleFacet, Facet<ModuleServices>> {
 public:
     static constexpr const char* kClassName = "CBase_Module";
 
@@ -78,15 +80,8 @@ public:
 
     // IBase_GuiModule
     Text name() override;
-    bool consistent(std::optional<eParameterKind> kind) override;
     Text image() override { return mImage; }
-    bool modified(std::optional<eParameterKind> kind) override;
     Variant id() override { return mId; }
-    void ClearModified(std::optional<eParameterKind> kind) override;
-    bool unknown(std::optional<eParameterKind> kind) override;
-    void SetUnknown(std::optional<eParameterKind> kind) override;
-    void LockDataset(std::optional<eParameterKind> kind) override;
-    void UnlockDataset(std::optional<eParameterKind> kind) override;
     Ref<IBase_GuiParameter> mainValue() override;
     Text deviceHelpFile() override;
     Text description() override;
@@ -94,8 +89,6 @@ public:
     void RegisterCallback(IDispatch* cb) override;
     void UnregisterCallback(IDispatch* cb) override;
     Ref<CBase_Module> Base() override { return this; }
-    void ClearUnknown(std::optional<eParameterKind> kind) override;
-    void ResetValue(std::optional<eParameterKind> kind) override;
 
     // IBase_SpecModule
     Ref<IBase_SpecModule> Clone() override;
@@ -112,12 +105,6 @@ public:
     Ref<IBase_SpecModule> CloneType() override;
     bool scriptAccess() override { return mScriptAccess; }
 
-    // IBase_CallbackParameter: what the channels tell goes on to the module's listeners.
-    void OnParameterReconfigured(IBase_GuiParameter* p) override;
-    void OnParameterStateChanged(IBase_GuiParameter* p) override;
-    void OnParameterValueChanged(IBase_GuiParameter* p) override;
-    void OnParameterConfigStateChanged(IBase_GuiParameter* p) override;
-
     // ModuleServices
     Text GetTranslatedText(std::int32_t index) override;
     Text GetTranslatedFile(std::int32_t index) override;
@@ -126,10 +113,18 @@ public:
     std::shared_ptr<CEnumCacheItem> EnumCacheGet(const Text& key) override { return mEnumCache.Get(key); }
     void EnumCacheSet(const Text& key, const std::shared_ptr<CEnumCacheItem>& item) override;
 
+    // What stations use.
+    /// Makes @p station hear the module's events and answer `station`. Nothing calls it: a station does not tell its
+    /// modules of itself, so what goes from a module to its station stands ready and is silent.
+    void SetStation(Station* station);
+    /// Marks the module as reached by a script of another one, so that its updates are swept by the station. Nothing
+    /// calls it: scripts end at their module.
+    void SetScriptAccess(bool access) noexcept { mScriptAccess = access; }
     /// One pass over all channels. @returns true if a parameter that scripts have read was reconfigured
     bool UpdateDependenciesChannels();
     bool CheckConsistencyAll();
 
+    // What the tree uses.
     /// A text that may be a static script, resolved by the first channel; a literal as it stands.
     Text ResolveStaticScript(const Text& text);
     /// The shared table recordset of `RecordSetCache`. @throws RuntimeError 91 without a database
@@ -148,7 +143,7 @@ private:
 
     Ref<CBase_GuiChannelCollection> GuiChannels() override;
     Ref<CBase_SpecChannelCollection> SpecChannels() override;
-    Ref<IUnknown> Station() override { return mStation; }
+    Ref<IUnknown> OwnStation() override;
 
     // Loading
     void OpenDatabaseOfSourcePath();
@@ -175,13 +170,14 @@ private:
     void mEnvironment_Changed(const Text& key, const Variant& value);
     void CloneTypeInto(Module& clone);
     void CopyValuesTo(Module& clone);
-    template <class Fold>
-    void ForEachChannel(Fold fold);
+    bool LoadChildren() override { return LoadChannels(); }
+    Ref<TypedList<IBase_GuiChannel>> LoadedChildren() override { return mGuiChannels; }
+    void PassOn(ParameterEvent event, IBase_GuiParameter* p) override;
 
     Ref<Database> mDB;
     Ref<TypedList<IBase_SpecChannel>> mSpecChannels;  // Nothing until the tree is built
     Ref<TypedList<IBase_GuiChannel>> mGuiChannels;    // a view of the same list
-    Ref<IUnknown> mStation;                           // nothing sets it: stations do not tell their modules
+    Ref<Station> mStation;                            // Nothing in every host: see SetStation
     CallbackList<IBase_CallbackParameter> mParameterCallbacks;
     CallbackList<IBase_CallbackModule> mModuleCallbacks;
     Ref<ISpec_ImExport> mImExport;
@@ -196,7 +192,7 @@ private:
     Text mMainValuePath;
     Ref<IBase_GuiParameter> mMainValue;
     tBaseFdtDeviceTypeInfo mFdtInfo;
-    bool mScriptAccess = false;  // nothing sets it: a module has no scripts of its own
+    bool mScriptAccess = false;
     Ref<Collection> mDesc;
     Text mDBVersion;  // empty until asked for
     std::int32_t mModelVersionIndex = 0;

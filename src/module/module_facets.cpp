@@ -6,6 +6,7 @@
 #include "contract/group.h"
 #include "descriptor/parameter_kind.h"
 #include "descriptor/row_collection.h"
+#include "module/station.h"
 #include "platform/automation/conversions.h"
 #include "platform/system/file_system.h"
 #include "support/diagnostics.h"
@@ -28,11 +29,6 @@ std::vector<Text> IdsOfPath(std::u16string_view path) {
 }
 
 }  // namespace
-
-template <class Fold>
-void Module::ForEachChannel(Fold fold) {
-    if (const Ref<TypedList<IBase_GuiChannel>> channels = mGuiChannels) channels->ForEach(fold);
-}
 
 Text Module::name() {
     return mNameTextIdx >= 1 ? GetTranslatedText(mNameTextIdx) : mName;
@@ -75,49 +71,6 @@ Ref<CBase_SpecChannelCollection> Module::SpecChannels() {
     return LoadChannels() ? Ref<CBase_SpecChannelCollection>(mSpecChannels) : nullptr;
 }
 
-bool Module::consistent(std::optional<eParameterKind> kind) {
-    if (!LoadChannels()) return false;
-    bool all = true;
-    ForEachChannel([&](IBase_GuiChannel& channel) { return all = channel.consistent(kind); });
-    return all;
-}
-
-bool Module::modified(std::optional<eParameterKind> kind) {
-    bool any = false;
-    ForEachChannel([&](IBase_GuiChannel& channel) { return !(any = channel.modified(kind)); });
-    return any;
-}
-
-bool Module::unknown(std::optional<eParameterKind> kind) {
-    bool any = false;
-    ForEachChannel([&](IBase_GuiChannel& channel) { return !(any = channel.unknown(kind)); });
-    return any;
-}
-
-void Module::ClearModified(std::optional<eParameterKind> kind) {
-    ForEachChannel([&](IBase_GuiChannel& channel) { return channel.ClearModified(kind), true; });
-}
-
-void Module::SetUnknown(std::optional<eParameterKind> kind) {
-    ForEachChannel([&](IBase_GuiChannel& channel) { return channel.SetUnknown(kind), true; });
-}
-
-void Module::ClearUnknown(std::optional<eParameterKind> kind) {
-    if (LoadChannels()) ForEachChannel([&](IBase_GuiChannel& channel) { return channel.ClearUnknown(kind), true; });
-}
-
-void Module::ResetValue(std::optional<eParameterKind> kind) {
-    if (LoadChannels()) ForEachChannel([&](IBase_GuiChannel& channel) { return channel.ResetValue(kind), true; });
-}
-
-void Module::LockDataset(std::optional<eParameterKind> kind) {
-    if (LoadChannels()) ForEachChannel([&](IBase_GuiChannel& channel) { return channel.LockDataset(kind), true; });
-}
-
-void Module::UnlockDataset(std::optional<eParameterKind> kind) {
-    if (LoadChannels()) ForEachChannel([&](IBase_GuiChannel& channel) { return channel.UnlockDataset(kind), true; });
-}
-
 Ref<IBase_GuiParameter> Module::mainValue() {
     if (mMainValue) return mMainValue;
     if (!LoadChannels()) return nullptr;
@@ -150,24 +103,17 @@ void Module::UnregisterCallback(IDispatch* cb) {
     mModuleCallbacks.Remove(cb);
 }
 
-void Module::OnParameterReconfigured(IBase_GuiParameter* p) {
-    mParameterCallbacks.Tell([p](IBase_CallbackParameter& listener) { listener.OnParameterReconfigured(p); });
-    if (const auto station = facet<IBase_CallbackParameter>(mStation)) station->OnParameterReconfigured(p);
+void Module::SetStation(Station* station) {
+    mStation = station;
 }
 
-void Module::OnParameterStateChanged(IBase_GuiParameter* p) {
-    mParameterCallbacks.Tell([p](IBase_CallbackParameter& listener) { listener.OnParameterStateChanged(p); });
-    if (const auto station = facet<IBase_CallbackParameter>(mStation)) station->OnParameterStateChanged(p);
+Ref<IUnknown> Module::OwnStation() {
+    return mStation ? mStation->Dispatch() : nullptr;
 }
 
-void Module::OnParameterValueChanged(IBase_GuiParameter* p) {
-    mParameterCallbacks.Tell([p](IBase_CallbackParameter& listener) { listener.OnParameterValueChanged(p); });
-    if (const auto station = facet<IBase_CallbackParameter>(mStation)) station->OnParameterValueChanged(p);
-}
-
-void Module::OnParameterConfigStateChanged(IBase_GuiParameter* p) {
-    mParameterCallbacks.Tell([p](IBase_CallbackParameter& listener) { listener.OnParameterConfigStateChanged(p); });
-    if (const auto station = facet<IBase_CallbackParameter>(mStation)) station->OnParameterConfigStateChanged(p);
+void Module::PassOn(ParameterEvent event, IBase_GuiParameter* p) {
+    TellAll(mParameterCallbacks, event, p);
+    if (const Ref<Station> station = mStation) (static_cast<IBase_CallbackParameter&>(*station).*event)(p);
 }
 
 void Module::mEnvironment_Changed(const Text& key, const Variant& value) {
@@ -179,7 +125,7 @@ void Module::mEnvironment_Changed(const Text& key, const Variant& value) {
                        key + u", " + TextForLog(value) + u"): " + error.description());
         }
     });
-    if (const auto station = facet<IBase_CallbackModule>(mStation)) station->OnEnvironmentChanged(this, key, value);
+    if (const Ref<Station> station = mStation) station->OnEnvironmentChanged(this, key, value);
 }
 
 Text Module::ParameterKindToString(eParameterKind kind) {
@@ -289,7 +235,8 @@ bool Module::UpdateDependenciesChannels() {
 }
 
 void Module::UpdateDependencies() {
-    SettleAlone(*this, &Module::UpdateDependenciesChannels);
+    if (SettleAlone(*this, &Module::UpdateDependenciesChannels)) return;
+    if (const Ref<Station> station = mStation) station->UpdateDependencies();
 }
 
 bool Module::Export(Variant& exportdata, Variant& sourceId) {

@@ -1,5 +1,6 @@
 // Loading and unloading: the path, the database, the row of the type, the tree's beginning and end.
 #include "module/module.h"
+#include "module/station.h"
 #include "module/unload_pointer.h"
 
 #include "descriptor/database_cache.h"
@@ -129,7 +130,7 @@ bool Module::SetLanguage(std::int32_t languageId) {
     mLanguage = language;
     try {
         mModuleCallbacks.Tell([this](IBase_CallbackModule& listener) { listener.OnLanguageChanged(this); });
-        if (const auto station = facet<IBase_CallbackModule>(mStation)) station->OnLanguageChanged(this);
+        if (const Ref<Station> station = mStation) station->OnLanguageChanged(this);
     } catch (const RuntimeError&) {
         EndWithLog(u"SetLanguage(" + Text::FromInteger(languageId) + u"): ERROR: ONCALLBACKFAILED: ",
                    u"Aufruf der 'OnLanguageChanged' callbacks schiefgegangen!");
@@ -251,7 +252,7 @@ void Module::Unload() {
             // A listener that fails does not keep the module.
         }
     });
-    if (const auto station = facet<IBase_CallbackModule>(mStation)) station->OnUnload(this);
+    if (const Ref<Station> station = mStation) station->OnUnload(this);
     mParameterCallbacks.Clear();
     mModuleCallbacks.Clear();
     mImExport = nullptr;

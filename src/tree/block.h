@@ -7,8 +7,9 @@
 #include "contract/default_interfaces.h"
 #include "contract/group.h"
 #include "contract/parameter.h"
-#include "platform/automation/callback_list.h"
 #include "platform/store/store.h"
+#include "tree/event_relay.h"
+#include "tree/kind_folds.h"
 #include "tree/linked_list.h"
 #include "tree/typed_collection.h"
 
@@ -19,7 +20,7 @@ class Group;
 
 /// CBase_Block. Owns no parameters and no rules. What its groups tell goes to its own listeners and no further: the
 /// way up runs through the channel alone.
-class Block final : public Object<Block, Facet<CBase_Block>, Facet<IBase_CallbackParameter>, Facet<IBase_GuiBlock>> {
+class Block final : public Object<Block, Facet<CBase_Block>, EventRelay, DatasetFolds<IBase_GuiBlock, IBase_GuiGroup>> {
 public:
     static constexpr const char* kClassName = "CBase_Block";
 
@@ -37,28 +38,16 @@ public:
 
     // IBase_GuiBlock
     Text name() override;
-    bool consistent(std::optional<eParameterKind> kind) override;
-    bool modified(std::optional<eParameterKind> kind) override;
-    void ClearModified(std::optional<eParameterKind> kind) override;
-    bool unknown(std::optional<eParameterKind> kind) override;
-    void SetUnknown(std::optional<eParameterKind> kind) override;
-    void LockDataset(std::optional<eParameterKind> kind) override;
-    void UnlockDataset(std::optional<eParameterKind> kind) override;
     Variant id() override { return mId; }
     Ref<IBase_GuiChannel> channel() override;
     Ref<CBase_GuiGroupCollection> groups() override { return SortedGroups(); }
-    void RegisterCallback(IDispatch* cb) override;
+    void RegisterCallback(IDispatch* cb) override { AddListener(mCallbacks, cb); }
     void UnregisterCallback(IDispatch* cb) override { mCallbacks.Remove(cb); }
-    void ClearUnknown(std::optional<eParameterKind> kind) override;
-    void ResetValue(std::optional<eParameterKind> kind) override;
-
-    // IBase_CallbackParameter
-    void OnParameterReconfigured(IBase_GuiParameter* p) override;
-    void OnParameterStateChanged(IBase_GuiParameter* p) override;
-    void OnParameterValueChanged(IBase_GuiParameter* p) override;
-    void OnParameterConfigStateChanged(IBase_GuiParameter* p) override;
 
 private:
+    bool LoadChildren() override { return true; }
+    Ref<TypedList<IBase_GuiGroup>> LoadedChildren() override { return SortedGroups(); }
+    void PassOn(ParameterEvent event, IBase_GuiParameter* p) override { TellAll(mCallbacks, event, p); }
     const Ref<TypedList<IBase_GuiGroup>>& SortedGroups();
 
     Ref<TypedList<IBase_GuiGroup>> mGroups = MakeObject<TypedList<IBase_GuiGroup>>();

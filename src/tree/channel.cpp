@@ -46,6 +46,8 @@ bool Channel::LoadGroups() {
 void Channel::ReadGroups() {
     mBlocks = MakeObject<TypedList<IBase_GuiBlock>>();
     mGroups = MakeObject<TypedList<IBase_SpecGroup>>();
+    mGuiGroups = MakeObject<TypedList<IBase_GuiGroup>>();
+    mGuiGroups->SetUnderlying(mGroups->Underlying());
     if (!mModule) Raise(ErrorNumber::ObjectVariableNotSet);
     mScriptHost->BindChannel(this);
     tBaseDescriptorDB desc;

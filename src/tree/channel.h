@@ -8,15 +8,16 @@
 #include "contract/parameter.h"
 #include "contract/records.h"
 #include "descriptor/module_services.h"
-#include "platform/automation/callback_list.h"
 #include "scripting/script_host.h"
 #include "scripting/scripted_tree.h"
+#include "tree/event_relay.h"
+#include "tree/kind_folds.h"
 #include "tree/typed_collection.h"
 
 namespace ov {
 
 /// `module` and `groups` have one name and several types in the channel's faces; these facets part them.
-class GuiChannelFacet : public Facet<IBase_GuiChannel> {
+class GuiChannelFacet : public DatasetFolds<IBase_GuiChannel, IBase_GuiGroup> {
 public:
     Ref<IBase_GuiModule> module() final { return facet<IBase_GuiModule>(OwnModule()); }
 
@@ -42,8 +43,8 @@ protected:
 
 /// CBase_Channel. Its groups and blocks are loaded at the first operation that needs them; a failed load leaves what
 /// was built, and the next one counts it as loaded. Holds its module, and is held by it: only Unload ends that ring.
-class Channel final : public Object<Channel, Facet<CBase_Channel>, SpecChannelFacet, Facet<IBase_CallbackParameter>,
-                                    GuiChannelFacet, ScriptingChannelFacet, Facet<ScriptedChannel>> {
+class Channel final : public Object<Channel, Facet<CBase_Channel>, SpecChannelFacet, EventRelay, GuiChannelFacet,
+                                    ScriptingChannelFacet, Facet<ScriptedChannel>> {
 public:
     static constexpr const char* kClassName = "CBase_Channel";
 
@@ -72,22 +73,13 @@ public:
 
     // IBase_GuiChannel
     Text name() override;
-    bool consistent(std::optional<eParameterKind> kind) override;
-    bool modified(std::optional<eParameterKind> kind) override;
-    void ClearModified(std::optional<eParameterKind> kind) override;
-    bool unknown(std::optional<eParameterKind> kind) override;
-    void SetUnknown(std::optional<eParameterKind> kind) override;
-    void LockDataset(std::optional<eParameterKind> kind) override;
-    void UnlockDataset(std::optional<eParameterKind> kind) override;
     Variant id() override { return mId; }
     Ref<IBase_GuiParameter> mainValue() override;
     Ref<CBase_GuiBlockCollection> blocks() override;
-    void RegisterCallback(IDispatch* cb) override;
+    void RegisterCallback(IDispatch* cb) override { AddListener(mCallbacks, cb); }
     void UnregisterCallback(IDispatch* cb) override { mCallbacks.Remove(cb); }
     Ref<IBase_SpecChannel> Spec() override { return this; }
     Text EditPlugin(Text* args) override;
-    void ClearUnknown(std::optional<eParameterKind> kind) override;
-    void ResetValue(std::optional<eParameterKind> kind) override;
 
     // IBase_SpecChannel
     Ref<IDispatch> desc() override { return mDesc ? mDesc->Dispatch() : nullptr; }
@@ -98,12 +90,6 @@ public:
     bool scriptAccess() override { return mScriptAccess; }
     void CheckConsistency() override { CheckConsistencyAll(); }
     void UpdateDependencies() override;
-
-    // IBase_CallbackParameter
-    void OnParameterReconfigured(IBase_GuiParameter* p) override;
-    void OnParameterStateChanged(IBase_GuiParameter* p) override;
-    void OnParameterValueChanged(IBase_GuiParameter* p) override;
-    void OnParameterConfigStateChanged(IBase_GuiParameter* p) override;
 
     // ScriptedChannel
     void MarkScriptAccess() override { mScriptAccess = true; }
@@ -116,8 +102,9 @@ private:
     void PlaceInBlocks(class Group& group, Recordset& row);
     Ref<class Block> GetOrCreateBlock(std::int32_t blockIdx);
     Ref<IBase_GuiParameter> FindMainValue();
-    template <class Event>
-    void PassOn(Event event);
+    bool LoadChildren() override { return LoadGroups(); }
+    Ref<TypedList<IBase_GuiGroup>> LoadedChildren() override { return mGuiGroups; }
+    void PassOn(ParameterEvent event, IBase_GuiParameter* p) override;
     template <class Fold>
     void ForEachGroup(Fold fold);
 
@@ -128,8 +115,9 @@ private:
     Ref<ChannelScripting> mScriptHost = MakeObject<ChannelScripting>();
     std::int32_t mChannelType = 0;
     Ref<Collection> mDesc;
-    Ref<TypedList<IBase_GuiBlock>> mBlocks;   // Nothing until the groups are loaded
-    Ref<TypedList<IBase_SpecGroup>> mGroups;  // Nothing until then: the one test for it
+    Ref<TypedList<IBase_GuiBlock>> mBlocks;     // Nothing until the groups are loaded
+    Ref<TypedList<IBase_SpecGroup>> mGroups;    // Nothing until then: the one test for it
+    Ref<TypedList<IBase_GuiGroup>> mGuiGroups;  // a view of the same list
     CallbackList<IBase_CallbackParameter> mCallbacks;
     bool mScriptAccess = false;
     Ref<IBase_GuiParameter> mMainValue;

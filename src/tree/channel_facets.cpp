@@ -7,66 +7,8 @@
 
 namespace ov {
 
-namespace {
-
-using Groups = TypedList<IBase_SpecGroup>;
-
-// Calls `fold` with each group's Gui face until it answers false; no groups, nothing to do.
-template <class Fold>
-void ForEachGui(const Ref<Groups>& groups, Fold fold) {
-    if (!groups) return;
-    groups->ForEach([&](IBase_SpecGroup& group) {
-        const Ref<IBase_GuiGroup> gui = group.Gui();
-        return !gui || fold(*gui);
-    });
-}
-
-}  // namespace
-
 Text Channel::name() {
     return mServices ? mServices->GetTranslatedText(mNameId) : Text();
-}
-
-bool Channel::consistent(std::optional<eParameterKind> kind) {
-    bool all = LoadGroups();
-    if (all) ForEachGui(mGroups, [&](IBase_GuiGroup& group) { return all = group.consistent(kind); });
-    return all;
-}
-
-bool Channel::modified(std::optional<eParameterKind> kind) {
-    bool any = false;
-    ForEachGui(mGroups, [&](IBase_GuiGroup& group) { return !(any = group.modified(kind)); });
-    return any;
-}
-
-bool Channel::unknown(std::optional<eParameterKind> kind) {
-    bool any = false;
-    ForEachGui(mGroups, [&](IBase_GuiGroup& group) { return !(any = group.unknown(kind)); });
-    return any;
-}
-
-void Channel::ClearModified(std::optional<eParameterKind> kind) {
-    ForEachGui(mGroups, [&](IBase_GuiGroup& group) { return group.ClearModified(kind), true; });
-}
-
-void Channel::SetUnknown(std::optional<eParameterKind> kind) {
-    ForEachGui(mGroups, [&](IBase_GuiGroup& group) { return group.SetUnknown(kind), true; });
-}
-
-void Channel::ClearUnknown(std::optional<eParameterKind> kind) {
-    if (LoadGroups()) ForEachGui(mGroups, [&](IBase_GuiGroup& group) { return group.ClearUnknown(kind), true; });
-}
-
-void Channel::ResetValue(std::optional<eParameterKind> kind) {
-    if (LoadGroups()) ForEachGui(mGroups, [&](IBase_GuiGroup& group) { return group.ResetValue(kind), true; });
-}
-
-void Channel::LockDataset(std::optional<eParameterKind> kind) {
-    if (LoadGroups()) ForEachGui(mGroups, [&](IBase_GuiGroup& group) { return group.LockDataset(kind), true; });
-}
-
-void Channel::UnlockDataset(std::optional<eParameterKind> kind) {
-    if (LoadGroups()) ForEachGui(mGroups, [&](IBase_GuiGroup& group) { return group.UnlockDataset(kind), true; });
 }
 
 Ref<CBase_GuiBlockCollection> Channel::blocks() {
@@ -86,12 +28,6 @@ Text Channel::EditPlugin(Text* args) {
     return EditPluginOf(mDesc.get(), args);
 }
 
-void Channel::RegisterCallback(IDispatch* cb) {
-    Ref<IBase_CallbackParameter> listener = CastListener<IBase_CallbackParameter>(cb);
-    if (!listener) Raise(ErrorNumber::TypeMismatch);
-    mCallbacks.Add(std::move(listener));
-}
-
 bool Channel::Compare(IBase_SpecChannel* other, std::optional<eParameterKind> kind) {
     if (!other) return false;
     if (!LoadGroups()) return true;
@@ -104,26 +40,9 @@ bool Channel::Compare(IBase_SpecChannel* other, std::optional<eParameterKind> ki
     return same;
 }
 
-template <class Event>
-void Channel::PassOn(Event event) {
-    mCallbacks.Tell(event);
-    if (const auto module = facet<IBase_CallbackParameter>(mModule)) event(*module);
-}
-
-void Channel::OnParameterReconfigured(IBase_GuiParameter* p) {
-    PassOn([p](IBase_CallbackParameter& listener) { listener.OnParameterReconfigured(p); });
-}
-
-void Channel::OnParameterStateChanged(IBase_GuiParameter* p) {
-    PassOn([p](IBase_CallbackParameter& listener) { listener.OnParameterStateChanged(p); });
-}
-
-void Channel::OnParameterValueChanged(IBase_GuiParameter* p) {
-    PassOn([p](IBase_CallbackParameter& listener) { listener.OnParameterValueChanged(p); });
-}
-
-void Channel::OnParameterConfigStateChanged(IBase_GuiParameter* p) {
-    PassOn([p](IBase_CallbackParameter& listener) { listener.OnParameterConfigStateChanged(p); });
+void Channel::PassOn(ParameterEvent event, IBase_GuiParameter* p) {
+    TellAll(mCallbacks, event, p);
+    if (const auto module = facet<IBase_CallbackParameter>(mModule)) (module.get()->*event)(p);
 }
 
 }  // namespace ov

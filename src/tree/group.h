@@ -10,9 +10,10 @@
 #include "contract/parameter.h"
 #include "contract/records.h"
 #include "parameters/parameter_owner.h"
-#include "platform/automation/callback_list.h"
 #include "scripting/script_host.h"
 #include "scripting/scripted_tree.h"
+#include "tree/event_relay.h"
+#include "tree/kind_folds.h"
 #include "tree/typed_collection.h"
 
 namespace ov {
@@ -20,7 +21,7 @@ namespace ov {
 class Channel;
 
 /// `channel` and `parameters` have one name and several types in the group's faces; these facets part them.
-class GuiGroupFacet : public Facet<IBase_GuiGroup> {
+class GuiGroupFacet : public DatasetFolds<IBase_GuiGroup, IBase_GuiParameter> {
 public:
     Ref<IBase_GuiChannel> channel() final { return facet<IBase_GuiChannel>(OwnChannel()); }
     Ref<CBase_GuiParameterCollection> parameters() final { return GuiParameters(); }
@@ -66,9 +67,8 @@ protected:
 
 /// CBase_Group. Its parameters are loaded at the first operation that needs them; a failed load leaves what was built,
 /// and the next one counts it as loaded. Holds its channel, and is held by it: only Unload ends that ring.
-class Group final
-    : public Object<Group, DefaultGroupFacet, GuiGroupFacet, SpecGroupFacet, Facet<IBase_CallbackParameter>,
-                    ScriptingGroupFacet, Facet<ScriptedGroup>, ParameterOwnerFacet> {
+class Group final : public Object<Group, DefaultGroupFacet, GuiGroupFacet, SpecGroupFacet, EventRelay,
+                                  ScriptingGroupFacet, Facet<ScriptedGroup>, ParameterOwnerFacet> {
 public:
     static constexpr const char* kClassName = "CBase_Group";
 
@@ -90,22 +90,13 @@ public:
 
     // IBase_GuiGroup
     Text name() override;
-    bool consistent(std::optional<eParameterKind> kind) override;
-    bool modified(std::optional<eParameterKind> kind) override;
-    void ClearModified(std::optional<eParameterKind> kind) override;
-    bool unknown(std::optional<eParameterKind> kind) override;
-    void SetUnknown(std::optional<eParameterKind> kind) override;
-    void LockDataset(std::optional<eParameterKind> kind) override;
-    void UnlockDataset(std::optional<eParameterKind> kind) override;
     Variant id() override { return mId; }
     bool expertOnly() override;
     Ref<CBase_GuiBlockCollection> blocks() override { return mBlocks; }
-    void RegisterCallback(IDispatch* cb) override;
+    void RegisterCallback(IDispatch* cb) override { AddListener(mCallbacks, cb); }
     void UnregisterCallback(IDispatch* cb) override { mCallbacks.Remove(cb); }
     Ref<IBase_SpecGroup> Spec() override { return this; }
     Text EditPlugin(Text* args) override;
-    void ClearUnknown(std::optional<eParameterKind> kind) override;
-    void ResetValue(std::optional<eParameterKind> kind) override;
 
     // IBase_SpecGroup
     Ref<IDispatch> desc() override { return mDesc ? mDesc->Dispatch() : nullptr; }
@@ -114,12 +105,6 @@ public:
     bool Compare(IBase_SpecGroup* other, std::optional<eParameterKind> kind) override;
     Variant EvaluateScript(const Variant& script) override;
     bool scriptAccess() override { return mScriptAccess; }
-
-    // IBase_CallbackParameter
-    void OnParameterReconfigured(IBase_GuiParameter* p) override;
-    void OnParameterStateChanged(IBase_GuiParameter* p) override;
-    void OnParameterValueChanged(IBase_GuiParameter* p) override;
-    void OnParameterConfigStateChanged(IBase_GuiParameter* p) override;
 
     // ScriptedGroup and ParameterOwner
     void UpdateDependencies() override;
@@ -174,10 +159,11 @@ private:
     auto GuardedRead(const char16_t* reader, const Text& text, const Variant& id, Read read) -> decltype(read());
     template <class Number>
     Number FloatFromScript(const Text& text, Number (*convert)(const Variant&));
-    template <class Event>
-    void PassOn(Event event);
-    template <class Fold>
-    void ForEachOfKind(std::optional<eParameterKind> kind, Fold fold);
+    bool LoadChildren() override { return LoadParameters(); }
+    Ref<TypedList<IBase_GuiParameter>> LoadedChildren() override { return mGuiParameters; }
+    bool Concerns(IBase_GuiParameter& parameter, KindMask kind, KindWalk walk) override;
+    void NoteInconsistent(IBase_GuiParameter& parameter) override;
+    void PassOn(ParameterEvent event, IBase_GuiParameter* p) override;
 
     Ref<TypedList<IBase_GuiBlock>> mBlocks = MakeObject<TypedList<IBase_GuiBlock>>();
     Ref<Channel> mChannel;

@@ -7,18 +7,6 @@
 
 namespace ov {
 
-// Calls `fold` with each parameter whose kind is in the mask, until it answers false.
-template <class Fold>
-void Group::ForEachOfKind(std::optional<eParameterKind> kind, Fold fold) {
-    const Ref<TypedList<IBase_GuiParameter>> parameters = mGuiParameters;
-    if (!parameters) return;
-    const eParameterKind mask = kind.value_or(eParamKindAllKinds);
-    parameters->ForEach([&](IBase_GuiParameter& parameter) {
-        const Ref<IBase_SpecParameter> spec = parameter.Spec();
-        return !spec || !MatchesKind(spec->kind(), mask) || fold(parameter);
-    });
-}
-
 Text Group::name() {
     return Services() ? Services()->GetTranslatedText(mNameId) : Text();
 }
@@ -48,76 +36,20 @@ bool Group::expertOnly() {
     return all;
 }
 
-bool Group::consistent(std::optional<eParameterKind> kind) {
-    if (!LoadParameters()) return false;
-    bool all = true;
-    ForEachOfKind(kind, [&](IBase_GuiParameter& parameter) {
-        if (parameter.configState() != eParameterConfigState::eParameterValid || parameter.consistent()) return true;
-        if (DebugOutput()) {
-            LogEntry(Dispatch(),
-                     u"IBase_GuiGroup_consistent(): Parameter '" + parameter.name() + u"' ist inkonsistent");
-        }
-        return all = false;
-    });
-    return all;
+// Questions are about parameters in force alone; commands go to all.
+bool Group::Concerns(IBase_GuiParameter& parameter, KindMask kind, KindWalk walk) {
+    const Ref<IBase_SpecParameter> spec = parameter.Spec();
+    if (spec && !MatchesKind(spec->kind(), kind.value_or(eParamKindAllKinds))) return false;
+    return walk == KindWalk::Command || parameter.configState() == eParameterConfigState::eParameterValid;
 }
 
-bool Group::modified(std::optional<eParameterKind> kind) {
-    bool any = false;
-    ForEachOfKind(kind, [&](IBase_GuiParameter& parameter) {
-        return !(any = parameter.configState() == eParameterConfigState::eParameterValid && parameter.modified());
-    });
-    return any;
-}
-
-bool Group::unknown(std::optional<eParameterKind> kind) {
-    bool any = false;
-    ForEachOfKind(kind, [&](IBase_GuiParameter& parameter) {
-        return !(any = parameter.configState() == eParameterConfigState::eParameterValid && parameter.unknown());
-    });
-    return any;
-}
-
-void Group::ClearModified(std::optional<eParameterKind> kind) {
-    ForEachOfKind(kind, [](IBase_GuiParameter& parameter) { return parameter.ClearModified(), true; });
-}
-
-void Group::SetUnknown(std::optional<eParameterKind> kind) {
-    ForEachOfKind(kind, [](IBase_GuiParameter& parameter) { return parameter.SetUnknown(), true; });
-}
-
-void Group::ClearUnknown(std::optional<eParameterKind> kind) {
-    if (LoadParameters()) {
-        ForEachOfKind(kind, [](IBase_GuiParameter& parameter) { return parameter.ClearUnknown(), true; });
-    }
-}
-
-void Group::ResetValue(std::optional<eParameterKind> kind) {
-    if (LoadParameters()) {
-        ForEachOfKind(kind, [](IBase_GuiParameter& parameter) { return parameter.ResetValue(), true; });
-    }
-}
-
-void Group::LockDataset(std::optional<eParameterKind> kind) {
-    if (LoadParameters()) {
-        ForEachOfKind(kind, [](IBase_GuiParameter& parameter) { return parameter.LockDataset(), true; });
-    }
-}
-
-void Group::UnlockDataset(std::optional<eParameterKind> kind) {
-    if (LoadParameters()) {
-        ForEachOfKind(kind, [](IBase_GuiParameter& parameter) { return parameter.UnlockDataset(), true; });
-    }
+void Group::NoteInconsistent(IBase_GuiParameter& parameter) {
+    if (!DebugOutput()) return;
+    LogEntry(Dispatch(), u"IBase_GuiGroup_consistent(): Parameter '" + parameter.name() + u"' ist inkonsistent");
 }
 
 Text Group::EditPlugin(Text* args) {
     return EditPluginOf(mDesc.get(), args);
-}
-
-void Group::RegisterCallback(IDispatch* cb) {
-    Ref<IBase_CallbackParameter> listener = CastListener<IBase_CallbackParameter>(cb);
-    if (!listener) Raise(ErrorNumber::TypeMismatch);
-    mCallbacks.Add(std::move(listener));
 }
 
 bool Group::Compare(IBase_SpecGroup* other, std::optional<eParameterKind> kind) {
@@ -125,40 +57,24 @@ bool Group::Compare(IBase_SpecGroup* other, std::optional<eParameterKind> kind) 
     if (!LoadParameters()) return true;
     bool same = true;
     const Ref<CBase_SpecParameterCollection> theirs = other->parameters();
-    ForEachOfKind(kind, [&](IBase_GuiParameter& parameter) {
+    mParameters->ForEach([&](IBase_SpecParameter& parameter) {
+        if (!MatchesKind(parameter.kind(), kind.value_or(eParamKindAllKinds))) return true;
         const Ref<IBase_SpecParameter> twin = theirs ? theirs->get_Item(ToText(parameter.id())) : nullptr;
-        return same = twin && parameter.Spec()->Compare(twin.get());
+        return same = twin && parameter.Compare(twin.get());
     });
     return same;
 }
 
 // First the group's own listeners, then the blocks in which it stands, then the channel.
-template <class Event>
-void Group::PassOn(Event event) {
-    mCallbacks.Tell(event);
+void Group::PassOn(ParameterEvent event, IBase_GuiParameter* p) {
+    TellAll(mCallbacks, event, p);
     if (const Ref<TypedList<IBase_GuiBlock>> blocks = mBlocks) {
         blocks->ForEach([&](IBase_GuiBlock& block) {
-            if (const auto listener = facet<IBase_CallbackParameter>(&block)) event(*listener);
+            if (const auto listener = facet<IBase_CallbackParameter>(&block)) (listener.get()->*event)(p);
             return true;
         });
     }
-    if (const Ref<Channel> channel = mChannel) event(static_cast<IBase_CallbackParameter&>(*channel));
-}
-
-void Group::OnParameterReconfigured(IBase_GuiParameter* p) {
-    PassOn([p](IBase_CallbackParameter& listener) { listener.OnParameterReconfigured(p); });
-}
-
-void Group::OnParameterStateChanged(IBase_GuiParameter* p) {
-    PassOn([p](IBase_CallbackParameter& listener) { listener.OnParameterStateChanged(p); });
-}
-
-void Group::OnParameterValueChanged(IBase_GuiParameter* p) {
-    PassOn([p](IBase_CallbackParameter& listener) { listener.OnParameterValueChanged(p); });
-}
-
-void Group::OnParameterConfigStateChanged(IBase_GuiParameter* p) {
-    PassOn([p](IBase_CallbackParameter& listener) { listener.OnParameterConfigStateChanged(p); });
+    if (const Ref<Channel> channel = mChannel) (static_cast<IBase_CallbackParameter&>(*channel).*event)(p);
 }
 
 }  // namespace ov

@@ -19,19 +19,16 @@ using testing::ScopedVariable;
 using testing::TemporaryFolder;
 
 TEST(Exports, CreateObjectsOfEachClassWithAllItsFacets) {
-    std::size_t created = 0;
     for (const ClassDescription& description : ClassDescriptions()) {
         void* factory = nullptr;
-        if (DllGetClassObject(description.clsid, IClassFactory::kIid, &factory) != kOvOk) continue;
+        ASSERT_EQ(DllGetClassObject(description.clsid, IClassFactory::kIid, &factory), kOvOk) << description.name;
         const Ref<IClassFactory> maker = Ref<IClassFactory>::Adopt(static_cast<IClassFactory*>(factory));
         void* made = nullptr;
         ASSERT_EQ(maker->CreateInstance(nullptr, IDispatch::kIid, &made), kOvOk) << description.name;
         const Ref<IDispatch> object = Ref<IDispatch>::Adopt(static_cast<IDispatch*>(made));
         EXPECT_EQ(object->ClassName().ToUtf8(), description.name);
         EXPECT_STREQ(object->GetTypeInfo()->Name(), description.implements.front());
-        ++created;
     }
-    EXPECT_GE(created, 12u);
     EXPECT_EQ(DllCanUnloadNow(), kOvOk);
     EXPECT_THROW(CreateObject<CBase_Module>(u"CBase_Nothing"), RuntimeError);
     EXPECT_THROW(CreateObject<CBase_Module>(u"CBase_Environment"), RuntimeError);

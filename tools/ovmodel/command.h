@@ -15,10 +15,11 @@ namespace ovmodel {
 /// Keys keep the order in which they were written.
 using Json = nlohmann::ordered_json;
 
-/// Ends the tool with one clear line on standard error and status 1.
+/// Ends the tool with one clear line on standard error.
 class Failure : public std::runtime_error {
 public:
-    using std::runtime_error::runtime_error;
+    explicit Failure(const std::string& line, int exitStatus = 1) : std::runtime_error(line), status(exitStatus) {}
+    int status;
 };
 
 void AddTypesCommand(CLI::App& app);
@@ -27,6 +28,9 @@ void AddTextCommand(CLI::App& app);
 void AddTreeCommand(CLI::App& app);
 void AddGetCommand(CLI::App& app);
 void AddSetCommand(CLI::App& app);
+void AddSaveCommand(CLI::App& app);
+void AddLoadCommand(CLI::App& app);
+void AddCompareCommand(CLI::App& app, int& status);
 void AddPackCommand(CLI::App& app);
 void AddUnpackCommand(CLI::App& app, int& status);
 void AddCheckCommand(CLI::App& app, int& status);

@@ -67,6 +67,9 @@ int main(int argc, char** argv) {
         ovmodel::AddTreeCommand(app);
         ovmodel::AddGetCommand(app);
         ovmodel::AddSetCommand(app);
+        ovmodel::AddSaveCommand(app);
+        ovmodel::AddLoadCommand(app);
+        ovmodel::AddCompareCommand(app, status);
         ovmodel::AddPackCommand(app);
         ovmodel::AddUnpackCommand(app, status);
         ovmodel::AddCheckCommand(app, status);
@@ -83,6 +86,9 @@ int main(int argc, char** argv) {
     } catch (const CLI::ParseError& error) {
         std::cerr << "ovmodel: " << UsageError(app, error) << " (see ovmodel --help)\n";
         return 2;
+    } catch (const ovmodel::Failure& failure) {
+        std::cerr << "ovmodel: " << failure.what() << "\n";
+        return failure.status;
     } catch (const std::exception& error) {
         std::cerr << "ovmodel: " << error.what() << "\n";
         return 1;

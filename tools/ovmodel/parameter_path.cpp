@@ -71,6 +71,18 @@ Ref<ov::IBase_GuiParameter> FindParameter(ov::Module& module, const std::string&
     return Find(group->Gui()->parameters(), "parameter", ids[2], ids[0] + "/" + ids[1]);
 }
 
+std::vector<Ref<ov::IBase_GuiParameter>> AllParameters(ov::Module& module) {
+    std::vector<Ref<ov::IBase_GuiParameter>> all;
+    for (const auto& channel : Elements(module.Spec()->channels())) {
+        for (const auto& group : Elements(channel->groups())) {
+            for (auto& parameter : Elements(group->Gui()->parameters())) {
+                all.push_back(std::move(parameter));
+            }
+        }
+    }
+    return all;
+}
+
 std::string PathOf(ov::IBase_GuiParameter& parameter) {
     const Ref<ov::IBase_GuiGroup> group = parameter.group();
     if (!group) return Utf8(parameter.id());

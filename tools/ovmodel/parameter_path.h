@@ -40,6 +40,9 @@ std::vector<ov::Ref<ov::IBase_SpecGroup>> GroupsOf(const Branch& branch, ov::IBa
 /// The parameter at CHANNEL/GROUP/PARAMETER. @throws Failure, with an id that may have been meant
 ov::Ref<ov::IBase_GuiParameter> FindParameter(ov::Module& module, const std::string& path);
 
+/// All parameters of the device in the order of the tree, which this opens as a whole.
+std::vector<ov::Ref<ov::IBase_GuiParameter>> AllParameters(ov::Module& module);
+
 /// The path of a parameter.
 std::string PathOf(ov::IBase_GuiParameter& parameter);
 

@@ -5,6 +5,7 @@
 
 #include "contract/callbacks.h"
 #include "ovmodel/parameter_path.h"
+#include "ovmodel/saved_state.h"
 #include "platform/automation/conversions.h"
 
 namespace ovmodel {
@@ -14,10 +15,10 @@ namespace {
 using ov::Ref;
 using ov::Text;
 
-// Prints each event in order, with what the parameter shows at that moment.
-class EventPrinter final : public ov::Object<EventPrinter, ov::Facet<ov::IBase_CallbackParameter>> {
+// Keeps each event in order, with what the parameter shows at that moment.
+class EventRecorder final : public ov::Object<EventRecorder, ov::Facet<ov::IBase_CallbackParameter>> {
 public:
-    static constexpr const char* kClassName = "EventPrinter";
+    static constexpr const char* kClassName = "EventRecorder";
 
     void OnParameterReconfigured(ov::IBase_GuiParameter* p) override { Tell(*p, "reconfigured"); }
     void OnParameterStateChanged(ov::IBase_GuiParameter* p) override { Tell(*p, "state"); }
@@ -69,8 +70,22 @@ std::string Reason(const Write& write) {
     }
 }
 
+struct Options {
+    std::string database, type, load, save;
+    std::vector<std::string> writes;
+    std::optional<std::int32_t> language;
+    bool json = false;
+};
+
+// What a write has made of its parameter, and all that it has set off.
+struct Result {
+    std::string path, before, after;
+    std::vector<std::vector<std::string>> events;
+};
+
 // Editors refuse what is not editable; the library itself leaves that to them.
-void Run(const Write& write) {
+Result Do(const Write& write, EventRecorder& recorder) {
+    recorder.rows.clear();
     const std::string path = PathOf(*write.parameter);
     if (write.parameter->configState() != ov::eParameterConfigState::eParameterValid) {
         throw Failure(path + " is not in force: " + StateOf(*write.parameter));
@@ -83,42 +98,56 @@ void Run(const Write& write) {
     if (before == after && (!acceptable || write.parameter->unknown())) {
         throw Failure(path + " refuses '" + write.text.ToUtf8() + "': " + Reason(write));
     }
-    std::cout << path << ": " << before << " -> " << after << "\n";
+    return {path, before, after, recorder.rows};
+}
+
+Json Describe(const Result& result) {
+    Json events = Json::array();
+    for (const std::vector<std::string>& row : result.events) {
+        events.push_back({{"path", row[0]}, {"event", row[1]}, {"value", row[2]}, {"state", row[3]}});
+    }
+    return {{"path", result.path}, {"before", result.before}, {"after", result.after}, {"events", std::move(events)}};
+}
+
+void Run(const Options& options) {
+    const Ref<ov::Module> module = OpenDescriptor(options.database);
+    const Ref<ov::CBase_Unload> guard = module->GetUnloadPointer();
+    LoadType(*module, options.database, options.type);
+    ChooseLanguage(*module, options.type, options.language);
+    if (!options.load.empty()) LoadWholeState(*module, options.load);
+    std::vector<Write> writes;
+    for (const std::string& argument : options.writes) {
+        writes.push_back(FindWrite(*module, argument));
+    }
+    AllParameters(*module);  // rules of groups that nobody has opened would set off nothing
+    const Ref<EventRecorder> recorder = ov::MakeObject<EventRecorder>();
+    module->RegisterCallback(recorder->Dispatch());
+    Json results = Json::array();
+    for (const Write& write : writes) {
+        const Result result = Do(write, *recorder);
+        results.push_back(Describe(result));
+        if (options.json) continue;
+        std::cout << result.path << ": " << result.before << " -> " << result.after << "\n";
+        PrintTable(result.events);
+    }
+    if (options.json) Print(results);
+    if (!options.save.empty()) WriteStateFile(options.save, SaveState(*module));
 }
 
 }  // namespace
 
 void AddSetCommand(CLI::App& app) {
-    struct Options {
-        std::string database;
-        std::string type;
-        std::vector<std::string> writes;
-        std::optional<std::int32_t> language;
-    };
     const auto options = std::make_shared<Options>();
     CLI::App* command =
-        app.add_subcommand("set", "Write to parameters of a fresh device as a user does, and show what that sets off");
+        app.add_subcommand("set", "Write to parameters of a device as a user does, and show what that sets off");
     command->add_option("DB", options->database, "Descriptor file")->required();
     command->add_option("TYPE", options->type, "Module type, as 'types' lists it")->required();
     command->add_option("PATH=TEXT", options->writes, "What to write where, one after the other")->required();
     command->add_option("--language", options->language, "Language of the texts, by its decimal id (default 7)");
-    command->callback([options] {
-        const Ref<ov::Module> module = OpenDescriptor(options->database);
-        const Ref<ov::CBase_Unload> guard = module->GetUnloadPointer();
-        LoadType(*module, options->database, options->type);
-        ChooseLanguage(*module, options->type, options->language);
-        std::vector<Write> writes;
-        for (const std::string& argument : options->writes) {
-            writes.push_back(FindWrite(*module, argument));
-        }
-        const Ref<EventPrinter> printer = ov::MakeObject<EventPrinter>();
-        module->RegisterCallback(printer->Dispatch());
-        for (const Write& write : writes) {
-            printer->rows.clear();
-            Run(write);
-            PrintTable(printer->rows);
-        }
-    });
+    command->add_option("--load", options->load, "Start from the values of this file, not from a fresh device");
+    command->add_option("--save", options->save, "Write the values that the device has at the end to this file");
+    command->add_flag("--json", options->json, "Write a JSON array");
+    command->callback([options] { Run(*options); });
 }
 
 }  // namespace ovmodel

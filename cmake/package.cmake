@@ -7,7 +7,7 @@ set(CPACK_PACKAGE_CONTACT "The OV_Model developers <ov-model@example.com>")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "${PROJECT_DESCRIPTION}")
 set(CPACK_PACKAGE_DESCRIPTION
     "A library for driver hosts in C++, C and Python that becomes any device which a descriptor database describes,\n\
- with its headers, its Python package, its examples, and the tool ovmodel for authors and test engineers.")
+with its headers, its Python package, its examples, and the tool ovmodel for authors and test engineers.")
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)

@@ -73,6 +73,11 @@ cc -std=c11 "$source/examples/host_c/host.c" $flags -o "$scratch/by_pkg_config"
 LD_LIBRARY_PATH=$(pkg-config --variable=libdir ov_model_c) \
     expect "1 values changed" -- "$scratch/by_pkg_config" "${arguments[@]}"
 
+# shellcheck disable=SC2046
+c++ "$scratch/first/first.cpp" $(pkg-config --cflags --libs ov_model) -o "$scratch/first_by_pkg_config"
+LD_LIBRARY_PATH=$(pkg-config --variable=libdir ov_model) \
+    expect "Two-channel temperature transmitter" -- "$scratch/first_by_pkg_config" "$sample" "TT200 HART"
+
 installed=$prefix/bin/ovmodel
 expect "ovmodel 3." -- "$installed" --version
 expect "TT200 HART" -- "$installed" types "$sample"

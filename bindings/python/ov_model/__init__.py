@@ -20,6 +20,9 @@ listeners as they are, if they have a method of a listener's name:
 
     module.Gui().RegisterCallback(Listener())
 
+What a listener raises goes to whoever caused the event; where the library keeps it from the caller, sys.excepthook
+tells it.
+
 The library has one thread, that of its first call. A module that was loaded needs its Unload, which the end of a
 `with` does: its tree is a ring of references that Python's collector does not see. OV_MODEL_LIBRARY names the file of
 the library if it lies neither beside the package nor where the system looks.
@@ -54,6 +57,8 @@ def create(class_name: str) -> Any:
 def facet(of: Any, interface: str | type) -> Any:
     """The object seen through another of its interfaces, by name or as a class of `ov_model.contract`; error 430 if it
     does not have that."""
+    if not isinstance(of, Object):
+        raise TypeError(f"{of!r} is no object of the library")
     name = interface if isinstance(interface, str) else interface.__name__
     handle = _ctypes.c_void_p()
     _library.call("facet", of._handle, name.encode(), handle)

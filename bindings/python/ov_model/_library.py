@@ -10,6 +10,7 @@ import collections
 import ctypes
 import os
 import pathlib
+import sys
 import sysconfig
 import threading
 from ctypes import POINTER, c_char_p, c_double, c_float, c_int16, c_int32, c_int64, c_size_t, c_uint8, c_uint16, \
@@ -24,6 +25,8 @@ METHOD, GET, CALL, LET, SET = 1, 2, 3, 4, 8
 
 class RuntimeError(builtins.RuntimeError):
     """A run-time error that an operation raised, with its number, its source and its description."""
+
+    __module__ = "ov_model"
 
     def __init__(self, number: int, description: str = "", source: str = ""):
         super().__init__(number, description, source)
@@ -168,6 +171,8 @@ def call(name: str, *arguments) -> None:
         error = Error()
         LIBRARY.ov_last_error(error)
         raise RuntimeError(status, error.description.decode(), error.source.decode()) from cause
+    if cause is not None:  # the library keeps what listeners raise here from its caller, and only logs it
+        sys.excepthook(type(cause), cause, cause.__traceback__)
 
 
 def release(handle: int) -> None:

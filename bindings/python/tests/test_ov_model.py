@@ -9,6 +9,7 @@ import subprocess
 import sys
 import threading
 import unittest
+import unittest.mock
 import weakref
 from decimal import Decimal
 
@@ -94,6 +95,7 @@ class DeviceTest(unittest.TestCase):
         for act in [lambda: gui.Nonsense, lambda: setattr(gui, "Nonsense", 1), lambda: setattr(gui, "name", "x")]:
             self.assertRaises(AttributeError, act)
         self.assertRaises(TypeError, ov_model.Object)
+        self.assertRaises(TypeError, ov_model.facet, 5, "IBase_GuiParameter")
         self.assertRaises(TypeError, len, gui)
 
     def test_collections(self):
@@ -156,11 +158,18 @@ class DeviceTest(unittest.TestCase):
             self.assertEqual(caught.exception.number, number)
             self.assertIs(caught.exception.__cause__, failure)
             gui.UnregisterCallback(listener)
-        listener = Listener(KeyboardInterrupt())
-        gui.RegisterCallback(listener)
-        with self.assertRaises(KeyboardInterrupt):
-            self.parameter.value = 9  # the library logs what listeners raise here
-        gui.UnregisterCallback(listener)
+        # Through this facet the library only logs what listeners raise.
+        for value, failure in [(8, ValueError("no")), (9, KeyboardInterrupt())]:
+            listener = Listener(failure)
+            gui.RegisterCallback(listener)
+            with unittest.mock.patch("sys.excepthook") as hook:
+                try:
+                    self.parameter.value = value
+                except KeyboardInterrupt as raised:
+                    self.assertIs(raised, failure)
+                else:
+                    self.assertIs(hook.call_args.args[1], failure)
+            gui.UnregisterCallback(listener)
         self.assertEqual(gui.value, "9")
 
     def test_services_and_sinks(self):

@@ -1,5 +1,6 @@
 #include "tree/dependency_update.h"
 
+#include "scripting/rule_failures.h"
 #include "support/diagnostics.h"
 
 namespace ov {
@@ -39,8 +40,10 @@ void DependencyUpdate::TellUnsettled() {
     for (const Text& path : mChanged) {
         changed += (changed.empty() ? u"" : u", ") + path;
     }
-    LogAlways(u"UpdateDependencies", u"ERROR: rules have not settled after " + Text::FromInteger(mPasses) +
-                                         u" passes; parameters that still change: " + changed);
+    const Text words = u"rules have not settled after " + Text::FromInteger(mPasses) +
+                       u" passes; parameters that still change: " + changed;
+    TellRuleFailure(Text(), words);
+    LogAlways(u"UpdateDependencies", u"ERROR: " + words);
 }
 
 }  // namespace ov

@@ -235,6 +235,20 @@ UPDATE Parameters SET Max = 'P("299")' WHERE idx = 203;
     EXPECT_EQ(RunTool("check " + database.path()).status, 2);
 }
 
+TEST(Check, FindsRulesThatNeverSettle) {
+    const TestDatabase database(SampleSql("tt200.sql") + R"(
+INSERT INTO Parameters (idx, GroupType, [order], ParameterId, kind, Type, subtype, DefaultValue, dependency) VALUES
+    (17000, 16, 2000, 1700, 8, 'INT', 'u8', '0', '!:P("1701") = 1'),
+    (17001, 16, 2001, 1700, 8, 'INT', 'u8', '1', '!:P("1701") = 0'),
+    (17010, 16, 2010, 1701, 8, 'INT', 'u8', '0', '!:P("1700") = 0'),
+    (17011, 16, 2011, 1701, 8, 'INT', 'u8', '1', '!:P("1700") = 1');
+)");
+    const Outcome outcome = RunTool("check --type 'TT200 HART' " + database.path());
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_THAT(outcome.text, HasSubstr("ModuleTypes [1] moduletype: error: in 'TT200 HART' rules have not settled"));
+    EXPECT_THAT(outcome.text, HasSubstr("0/16/1700, 0/16/1701\n1 error, 0 warnings\n"));
+}
+
 TEST(Check, LoadsOneTypeAndTellsWarningsFromErrors) {
     const TestDatabase database(
         SampleSql("tt200.sql") +

@@ -151,6 +151,7 @@ private:
 
     // A failure names the text alone: its row is one that has this text, best of the group that is being opened.
     void NoteFailure(const Text& script, const Text& reason) {
+        if (script.empty()) return NoteAt(mTypeRow, u"moduletype", reason.ToUtf8());
         const Text bare = Bare(script);
         const std::string words = "the rule " + Quoted(script) + " fails: " + reason.ToUtf8();
         const Row* found = nullptr;

@@ -34,6 +34,7 @@ void AddCompareCommand(CLI::App& app, int& status);
 void AddPackCommand(CLI::App& app);
 void AddUnpackCommand(CLI::App& app, int& status);
 void AddCheckCommand(CLI::App& app, int& status);
+void AddDiffCommand(CLI::App& app, int& status);
 void AddConvertCommand(CLI::App& app, int& status);
 void AddTablesCommand(CLI::App& app);
 void AddImageCommand(CLI::App& app);

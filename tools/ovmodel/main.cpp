@@ -73,6 +73,7 @@ int main(int argc, char** argv) {
         ovmodel::AddPackCommand(app);
         ovmodel::AddUnpackCommand(app, status);
         ovmodel::AddCheckCommand(app, status);
+        ovmodel::AddDiffCommand(app, status);
         ovmodel::AddConvertCommand(app, status);
         ovmodel::AddTablesCommand(app);
         ovmodel::AddImageCommand(app);

@@ -4,6 +4,7 @@
 #include <set>
 
 #include "ovmodel/check/inspection.h"
+#include "ovmodel/descriptor/index_columns.h"
 
 namespace ovmodel {
 
@@ -16,50 +17,35 @@ struct Reference {
     std::u16string_view table, column;
     std::u16string_view target, targetColumn;  ///< "" is the key
     Severity severity;
-    bool isIndex;  ///< 0 means none
     const char* consequence;
 };
 constexpr auto kError = Severity::Error;
 constexpr auto kWarning = Severity::Warning;
 constexpr const char* kNoText = "no such text: it shows as nothing";
-constexpr const char* kNoFile = "no such file: none is shown";
 constexpr const char* kNoBlock = "no such block: the channel cannot be read";
 constexpr std::array kReferences = {
-    Reference{u"ModuleTypes", u"defaultName", u"Texts", u"TEXT_IDX", kError, true, kNoText},
-    Reference{u"ModuleTypes", u"description", u"Texts", u"TEXT_IDX", kError, true, kNoText},
-    Reference{u"ModuleTypes", u"deviceHelpFile", u"Files", u"FILE_IDX", kError, true, kNoFile},
-    Reference{u"ModuleTypes", u"FDTversion", u"Versions", u"", kError, false, "no such version: the type cannot load"},
-    Reference{u"ModuleTypes", u"IDX", u"Channels", u"ModuleType", kWarning, false, "the type has no channels"},
-    Reference{u"BusCategories", u"module", u"ModuleTypes", u"IDX", kError, false, "no such module type"},
-    Reference{u"BusCategories", u"busCategory", u"BusCategoryTypes", u"", kError, false, "no such bus category"},
-    Reference{u"Channels", u"ModuleType", u"ModuleTypes", u"IDX", kError, false, "no such module type"},
-    Reference{u"Channels", u"name", u"Texts", u"TEXT_IDX", kError, true, kNoText},
-    Reference{u"Channels", u"ChannelType", u"ChannelTypes", u"", kWarning, false,
+    Reference{u"ModuleTypes", u"FDTversion", u"Versions", u"", kError, "no such version: the type cannot load"},
+    Reference{u"ModuleTypes", u"IDX", u"Channels", u"ModuleType", kWarning, "the type has no channels"},
+    Reference{u"BusCategories", u"module", u"ModuleTypes", u"IDX", kError, "no such module type"},
+    Reference{u"BusCategories", u"busCategory", u"BusCategoryTypes", u"", kError, "no such bus category"},
+    Reference{u"Channels", u"ModuleType", u"ModuleTypes", u"IDX", kError, "no such module type"},
+    Reference{u"Channels", u"ChannelType", u"ChannelTypes", u"", kWarning,
               "no such channel type: the channel has no main value"},
-    Reference{u"Channels", u"ChannelType", u"Groups", u"ChannelType", kWarning, false, "the channel has no groups"},
-    Reference{u"Groups", u"ChannelType", u"Channels", u"ChannelType", kWarning, false,
+    Reference{u"Channels", u"ChannelType", u"Groups", u"ChannelType", kWarning, "the channel has no groups"},
+    Reference{u"Groups", u"ChannelType", u"Channels", u"ChannelType", kWarning,
               "no channel is of this type: the group is never met"},
-    Reference{u"Groups", u"GroupType", u"Parameters", u"GroupType", kWarning, false, "the group has no parameters"},
-    Reference{u"Groups", u"name", u"Texts", u"TEXT_IDX", kError, true, kNoText},
-    Reference{u"Groups", u"block1", u"Blocks", u"", kError, false, kNoBlock},
-    Reference{u"Groups", u"block2", u"Blocks", u"", kError, false, kNoBlock},
-    Reference{u"Groups", u"block3", u"Blocks", u"", kError, false, kNoBlock},
-    Reference{u"Blocks", u"name", u"Texts", u"TEXT_IDX", kError, true, kNoText},
-    Reference{u"GroupScripts", u"GroupType", u"Groups", u"GroupType", kWarning, false,
+    Reference{u"Groups", u"GroupType", u"Parameters", u"GroupType", kWarning, "the group has no parameters"},
+    Reference{u"Groups", u"block1", u"Blocks", u"", kError, kNoBlock},
+    Reference{u"Groups", u"block2", u"Blocks", u"", kError, kNoBlock},
+    Reference{u"Groups", u"block3", u"Blocks", u"", kError, kNoBlock},
+    Reference{u"GroupScripts", u"GroupType", u"Groups", u"GroupType", kWarning,
               "no group is of this type: the script is never used"},
-    Reference{u"Parameters", u"GroupType", u"Groups", u"GroupType", kError, false,
+    Reference{u"Parameters", u"GroupType", u"Groups", u"GroupType", kError,
               "no group is of this type: the parameter is never met"},
-    Reference{u"Parameters", u"name", u"Texts", u"TEXT_IDX", kError, true, kNoText},
-    Reference{u"Parameters", u"description", u"Texts", u"TEXT_IDX", kError, true, kNoText},
-    Reference{u"Parameters", u"unit", u"Texts", u"TEXT_IDX", kError, true, kNoText},
-    Reference{u"Parameters", u"html", u"Files", u"FILE_IDX", kError, true, kNoFile},
-    Reference{u"Parameters", u"kind", u"Kinds", u"", kWarning, false, "the table Kinds has no name for the kind"},
-    Reference{u"Parameters", u"actionOnChange", u"Actions", u"ActionID", kError, false,
+    Reference{u"Parameters", u"kind", u"Kinds", u"", kWarning, "the table Kinds has no name for the kind"},
+    Reference{u"Parameters", u"actionOnChange", u"Actions", u"ActionID", kError,
               "no such action: nothing runs after a write"},
-    Reference{u"Actions", u"ActionID", u"Parameters", u"actionOnChange", kWarning, false,
-              "no parameter has this action"},
-    Reference{u"Enums", u"valueText", u"Texts", u"TEXT_IDX", kError, true, kNoText},
-    Reference{u"EnumsStr", u"valueText", u"Texts", u"TEXT_IDX", kError, true, kNoText},
+    Reference{u"Actions", u"ActionID", u"Parameters", u"actionOnChange", kWarning, "no parameter has this action"},
 };
 
 /// The values that columns have, read once.
@@ -93,32 +79,50 @@ void CheckReference(Inspection& inspection, const Reference& reference, TargetVa
     if (reference.severity == kWarning && !inspection.descriptor.Find(reference.target)) return;
     for (const Row& row : inspection.descriptor.Rows(reference.table)) {
         const Text value = row.TextOf(reference.column);
-        if (value.empty() || (reference.isIndex && row.LongOf(reference.column) == 0)) continue;
+        if (value.empty()) continue;
         if (targets.Has(reference, value)) continue;
         inspection.Add(reference.severity, row, reference.column, Quoted(value) + ": " + reference.consequence);
     }
 }
 
-// Columns whose row source looks up the table of texts hold numbers of texts, in the author's own tables too.
-void CheckTextColumns(Inspection& inspection) {
-    for (const Row& property : inspection.descriptor.Rows(u"FieldProperties")) {
-        const std::u16string source = Folded(property.TextOf(u"PropertyValue"));
-        if (!ov::EqualNoCase(property.TextOf(u"PropertyName"), u"RowSource")) continue;
-        if (source.find(Folded(u"FROM TEXTS")) == std::u16string::npos) continue;
+// Numbers of texts and files; 0 is none.
+void CheckIndexColumn(Inspection& inspection, std::u16string_view table, std::u16string_view column,
+                      const std::set<std::int32_t>& numbers, const char* consequence) {
+    for (const Row& row : inspection.descriptor.Rows(table)) {
+        const auto number = row.LongOf(column);
+        if (row[column].IsNull() || number == 0 || (number && numbers.contains(*number))) continue;
+        inspection.Add(kError, row, column, Quoted(row.TextOf(column)) + ": " + consequence);
+    }
+}
+
+std::set<std::int32_t> NumbersOf(const Descriptor& descriptor, std::u16string_view table, std::u16string_view key) {
+    std::set<std::int32_t> numbers;
+    for (const Row& row : descriptor.Rows(table)) {
+        if (const auto number = row.LongOf(key)) numbers.insert(*number);
+    }
+    return numbers;
+}
+
+void CheckIndexColumns(Inspection& inspection) {
+    const Descriptor& descriptor = inspection.descriptor;
+    const std::set<std::int32_t> texts = NumbersOf(descriptor, u"Texts", u"TEXT_IDX");
+    const std::set<std::int32_t> files = NumbersOf(descriptor, u"Files", u"FILE_IDX");
+    std::set<std::pair<std::u16string, std::u16string>> known;
+    for (const IndexColumn& index : kIndexColumns) {
+        known.emplace(Folded(index.table), Folded(index.column));
+        CheckIndexColumn(inspection, index.table, index.column, index.isFile ? files : texts,
+                         index.isFile ? "no such file: none is shown" : kNoText);
+    }
+    // Columns whose row source looks up the table of texts are such too, in the author's own tables.
+    for (const Row& property : descriptor.Rows(u"FieldProperties")) {
+        if (!IsTextSource(property)) continue;
         const Text table = property.TextOf(u"TableName"), column = property.TextOf(u"FieldName");
-        const Table* target = inspection.descriptor.Find(table);
+        const Table* target = descriptor.Find(table);
         if (!target || !target->Find(column)) {
             inspection.Add(Severity::Error, property, u"FieldName",
                            "there is no column " + table.ToUtf8() + "." + column.ToUtf8());
-            continue;
-        }
-        const bool isKnown = ov::EqualNoCase(table, u"Enums") || ov::EqualNoCase(table, u"EnumsStr");
-        for (const Row& row : target->rows()) {
-            const auto number = row.LongOf(column);
-            if (isKnown || row[column].IsNull() || number == 0) continue;
-            if (!number || !inspection.descriptor.TextOf(*number)) {
-                inspection.Add(kError, row, column, Quoted(row.TextOf(column)) + ": " + kNoText);
-            }
+        } else if (known.emplace(Folded(table), Folded(column)).second) {
+            CheckIndexColumn(inspection, table, column, texts, kNoText);
         }
     }
 }
@@ -140,7 +144,7 @@ void CheckReferences(Inspection& inspection) {
     for (const Reference& reference : kReferences) {
         CheckReference(inspection, reference, targets);
     }
-    CheckTextColumns(inspection);
+    CheckIndexColumns(inspection);
     CheckBlockNumbers(inspection);
 }
 

@@ -62,6 +62,7 @@ Table::Table(ov::Database& database, const ov::TableFacts& facts) : mName(facts.
     std::vector<std::pair<std::size_t, std::size_t>> key;  // place, column
     for (std::size_t i = 0; i < facts.columns.size(); ++i) {
         mColumns.push_back(facts.columns[i].name);
+        mTypes.push_back(facts.columns[i].type);
         if (facts.columns[i].keyPlace > 0) key.emplace_back(facts.columns[i].keyPlace, i);
     }
     std::ranges::sort(key);
@@ -156,9 +157,21 @@ std::u16string Folded(std::u16string_view text) {
     return folded;
 }
 
+bool IsTextSource(const Row& property) {
+    return ov::EqualNoCase(property.TextOf(u"PropertyName"), u"RowSource") &&
+           Folded(property.TextOf(u"PropertyValue")).find(Folded(u"FROM TEXTS")) != std::u16string::npos;
+}
+
 std::string Shown(const Variant& value) {
     if (value.IsNull()) return "Null";
-    if (value.IsArray()) return "bytes";
+    if (value.IsArray()) {
+        static constexpr char kDigits[] = "0123456789ABCDEF";
+        std::string shown = "X'";
+        for (const std::uint8_t byte : value.AsArray().Bytes()) {
+            shown += {kDigits[byte >> 4], kDigits[byte & 15]};
+        }
+        return shown + "'";
+    }
     return ov::ToText(value).ToUtf8();
 }
 

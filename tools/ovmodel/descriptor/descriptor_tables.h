@@ -36,6 +36,8 @@ public:
 
     const std::string& name() const { return mName; }
     const std::vector<ov::Text>& columns() const { return mColumns; }
+    /// The types of the columns' values, such as "Long".
+    const std::vector<ov::Text>& types() const { return mTypes; }
     const std::vector<Row>& rows() const { return mRows; }
     bool hasKey() const { return mHasKey; }
     /// The number of a column, without regard to case.
@@ -49,6 +51,7 @@ public:
 private:
     std::string mName;
     std::vector<ov::Text> mColumns;
+    std::vector<ov::Text> mTypes;
     bool mHasKey = false;
     std::vector<std::size_t> mIdentity;
     std::vector<Row> mRows;
@@ -89,7 +92,10 @@ private:
 /// A text without regard to case, as a key.
 std::u16string Folded(std::u16string_view text);
 
-/// The text of any value: "Null", bytes as "3 bytes".
+/// True for a row of FieldProperties that makes a column one of text numbers.
+bool IsTextSource(const Row& property);
+
+/// The text of any value: "Null", bytes in hexadecimal.
 std::string Shown(const ov::Variant& value);
 
 }  // namespace ovmodel

@@ -87,9 +87,9 @@ std::u16string QuotedLiteral(const std::u16string& text) {
 
 // A date pattern in d, M and y letters. ICU's letters have other counts: "E" is a day's name, a single "y" a whole
 // year.
-std::u16string DatePicture(const std::u16string& pattern) {
+std::u16string DatePicture(const std::vector<Piece>& pieces) {
     std::u16string picture;
-    for (const Piece& piece : ParsePattern(pattern)) {
+    for (const Piece& piece : pieces) {
         switch (piece.field) {
             case 0:
                 picture += QuotedLiteral(piece.text);
@@ -178,11 +178,12 @@ void SetCurrencyFacts(Locale& locale, const std::string& name) {
 }
 
 void SetDateFacts(Locale& locale, const std::string& name) {
-    const std::u16string pattern = DatePatternOf(UDAT_SHORT, name);
-    locale.shortDate = DatePicture(pattern);
-    locale.longDate = DatePicture(DatePatternOf(UDAT_FULL, name));
+    std::vector<Piece> pieces = ParsePattern(DatePatternOf(UDAT_SHORT, name));
+    // A word behind the date, such as one for "year", would not read back.
+    if (!pieces.empty() && pieces.back().field == 0 && pieces.back().text.starts_with(u' ')) pieces.pop_back();
+    locale.shortDate = DatePicture(pieces);
+    locale.longDate = DatePicture(ParsePattern(DatePatternOf(UDAT_FULL, name)));
 
-    const std::vector<Piece> pieces = ParsePattern(pattern);
     const auto isField = [](const Piece& piece) { return piece.field != 0; };
     const auto first = std::ranges::find_if(pieces, isField);
     if (first == pieces.end()) return;

@@ -87,6 +87,13 @@ TEST(Locale, KnowsWhatRuleAuthorsExpect) {
     }
 }
 
+TEST(Locale, ShortDatesEndInNoWord) {
+    for (const auto& [name, shortDate] : {std::pair{"bg-BG", u"d.MM.yyyy"}, {"hr-HR", u"dd. MM. yyyy."}}) {
+        const ScopedLocale scoped(name);
+        EXPECT_EQ(CurrentLocale().shortDate, shortDate);
+    }
+}
+
 TEST(Locale, NamesStandByThemselves) {
     const ScopedLocale english("en-US");
     EXPECT_EQ(CurrentLocale().monthNames[0], u"January");

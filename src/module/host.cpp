@@ -20,6 +20,10 @@ void SwitchDebugOutputOn() {
     InitDebug(DebugMode::OutputOnly);
 }
 
+void SwitchDebugOutputOff() {
+    InitDebug(DebugMode::Off);
+}
+
 Text ReasonOfFailedOpen(const Text& path) {
     if (DatabaseCache(path)) return Text();
     try {

@@ -16,6 +16,8 @@ namespace ov {
 
 /// Sends the lines of the diagnostics log to the debugger's output from now on, whatever the registry says.
 void SwitchDebugOutputOn();
+/// The lines go nowhere from now on.
+void SwitchDebugOutputOff();
 
 /// The store's words for why @p path cannot be opened, or "" if it can. Opens the file by the rule of the module's own
 /// opening, so that a later Load meets it open.

@@ -38,6 +38,7 @@ void AddDiffCommand(CLI::App& app, int& status);
 void AddConvertCommand(CLI::App& app, int& status);
 void AddTablesCommand(CLI::App& app);
 void AddImageCommand(CLI::App& app);
+void AddShellCommand(CLI::App& app, int& status);
 
 /// The hidden option `--completion-words`: a line for the tool ("-") and one for each command, with its options.
 void AddCompletionWords(CLI::App& app);
@@ -62,6 +63,10 @@ std::vector<std::string> TypeNames(ov::Module& module);
 
 /// The one of @p names that @p name may have been meant to be, or "".
 std::string ClosestName(const std::string& name, const std::vector<std::string>& names);
+
+/// The device image of a module by a table of places, in hexadecimal digits.
+/// @throws Failure with a line for each fault of the table
+std::string ImageAsHex(ov::Module& module, const std::string& mapPath);
 
 /// Writes JSON, indented.
 void Print(const Json& json);

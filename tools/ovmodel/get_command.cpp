@@ -7,8 +7,6 @@
 
 namespace ovmodel {
 
-namespace {
-
 void PrintParameters(const std::vector<ov::Ref<ov::IBase_GuiParameter>>& parameters) {
     std::vector<std::vector<std::string>> rows;
     for (const auto& parameter : parameters) {
@@ -18,8 +16,6 @@ void PrintParameters(const std::vector<ov::Ref<ov::IBase_GuiParameter>>& paramet
     }
     PrintTable(rows);
 }
-
-}  // namespace
 
 void AddGetCommand(CLI::App& app) {
     struct Options {

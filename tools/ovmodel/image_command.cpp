@@ -151,6 +151,18 @@ void PrintImage(const std::vector<PlacedParameter>& placed, const ov::ByteArray&
     PrintTable(rows);
 }
 
+}  // namespace
+
+std::string ImageAsHex(ov::Module& module, const std::string& mapPath) {
+    const std::vector<MapField> map = ReadImageMap(mapPath);
+    CheckPlaces(mapPath, map, SizeOf(map));
+    Options options;
+    options.map = mapPath;
+    return HexOf(Export(options, FindAll(module, mapPath, map), SizeOf(map)).bytes);
+}
+
+namespace {
+
 void Run(const Options& options) {
     const std::vector<MapField> map = ReadImageMap(options.map);
     ov::ByteArray image;

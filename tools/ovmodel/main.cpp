@@ -77,6 +77,7 @@ int main(int argc, char** argv) {
         ovmodel::AddConvertCommand(app, status);
         ovmodel::AddTablesCommand(app);
         ovmodel::AddImageCommand(app);
+        ovmodel::AddShellCommand(app, status);
         AddRunCommand(app, line.script, status);
         ovmodel::AddCompletionWords(app);
         std::ranges::reverse(line.own);  // the parser takes its words from the end

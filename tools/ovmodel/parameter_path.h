@@ -58,6 +58,12 @@ std::string StateOf(ov::IBase_GuiParameter& parameter);
 /// The parameter as JSON, with its path, names, value, limits and marks.
 Json DescribeParameter(ov::IBase_GuiParameter& parameter);
 
+/// Writes parameters with value and state, a line each.
+void PrintParameters(const std::vector<ov::Ref<ov::IBase_GuiParameter>>& parameters);
+
+/// Writes the tree, or the branch of it, as a table.
+void PrintTree(ov::Module& module, const Branch& branch);
+
 /// An id or a limit as UTF-8 text; "" for Null and Empty.
 std::string Utf8(const ov::Variant& value);
 

@@ -49,6 +49,8 @@ Json DescribeTree(ov::Module& module, const Branch& branch) {
     return {{"name", module.name().ToUtf8()}, {"channels", channels}};
 }
 
+}  // namespace
+
 void PrintTree(ov::Module& module, const Branch& branch) {
     Rows rows = {{"PATH", "NAME", "VALUE", "UNIT", "LIMITS", "STATE"}};
     for (const auto& channel : branch.channels) {
@@ -66,8 +68,6 @@ void PrintTree(ov::Module& module, const Branch& branch) {
     std::cout << module.name().ToUtf8() << "\n";
     PrintTable(rows);
 }
-
-}  // namespace
 
 void AddTreeCommand(CLI::App& app) {
     struct Options {

@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <array>
 #include <map>
+#include <set>
 
 #include "contract/internal.h"
 #include "ovmodel/check/inspection.h"
@@ -152,6 +153,7 @@ private:
     // A failure names the text alone: its row is one that has this text, best of the group that is being opened.
     void NoteFailure(const Text& script, const Text& reason) {
         if (script.empty()) return NoteAt(mTypeRow, u"moduletype", reason.ToUtf8());
+        if (!mFailures.emplace(script, mGroupType).second) return;
         const Text bare = Bare(script);
         const std::string words = "the rule " + Quoted(script) + " fails: " + reason.ToUtf8();
         const Row* found = nullptr;
@@ -179,7 +181,8 @@ private:
     std::string mType;
     const Row* mTypeRow = nullptr;
     std::map<std::int32_t, const Row*> mRows;
-    std::string mGroupType;  // of the group that is being opened or read
+    std::set<std::pair<Text, std::string>> mFailures;  // that are known, by script and group
+    std::string mGroupType;                            // of the group that is being opened or read
 };
 
 }  // namespace

@@ -74,30 +74,45 @@ Structure::Structure(const Descriptor& descriptor) : mDescriptor(descriptor) {
     }
 }
 
-std::vector<Place> Structure::PlacesOf(const std::u16string& groupType) const {
-    std::vector<Place> places;
-    for (const auto& [module, channels] : mChannels) {
-        for (const auto& [id, channelTypes] : channels) {
-            for (const std::u16string& channelType : channelTypes) {
-                const auto groups = mGroups.find(channelType);
-                if (groups == mGroups.end()) continue;
-                for (const auto& [groupId, types] : groups->second) {
-                    for (const std::u16string& type : types) {
-                        if (groupType.empty() || type == groupType) places.push_back({module, channelType, type});
-                    }
-                }
+const Scope& Structure::ScopeOf(std::u16string_view groupType) {
+    const std::u16string wanted = Folded(groupType);
+    const auto [known, isNew] = mScopes.try_emplace(wanted);
+    Scope& scope = known->second;
+    if (!isNew) return scope;
+    for (const auto& [channelType, groups] : mGroups) {
+        for (const auto& [groupId, types] : groups) {
+            for (const std::u16string& type : types) {
+                if (!wanted.empty() && type != wanted) continue;
+                scope.channelTypes.insert(channelType);
+                scope.groupTypes.insert(type);
             }
         }
     }
-    return places;
+    for (const auto& [module, channels] : mChannels) {
+        for (const auto& [id, types] : channels) {
+            const auto isThere = [&](const std::u16string& type) { return scope.channelTypes.contains(type); };
+            if (std::ranges::any_of(types, isThere)) scope.modules.insert(module);
+        }
+    }
+    if (scope.modules.empty()) scope = {};  // never loaded
+    return scope;
 }
 
-std::vector<Place> Structure::FirstChannelsOf(const std::u16string& module) const {
-    std::vector<Place> places;
+void Scope::Join(const Scope& other) {
+    modules.insert(other.modules.begin(), other.modules.end());
+    channelTypes.insert(other.channelTypes.begin(), other.channelTypes.end());
+    groupTypes.insert(other.groupTypes.begin(), other.groupTypes.end());
+}
+
+Scope Structure::FirstChannelsOf(const std::u16string& module) const {
+    Scope scope;
+    scope.hasGroup = false;
     for (const auto& [each, channelType] : mFirstChannels) {
-        if (module.empty() || module == each) places.push_back({each, channelType, {}});
+        if (!module.empty() && module != each) continue;
+        scope.modules.insert(each);
+        scope.channelTypes.insert(channelType);
     }
-    return places;
+    return scope;
 }
 
 std::vector<std::u16string> Structure::GroupTypes(const std::u16string& channelType, std::u16string_view id) const {
@@ -119,24 +134,19 @@ bool Structure::HasParameter(const std::u16string& groupType, std::u16string_vie
     return known != mParameters.end() && known->second.contains(Folded(id));
 }
 
-std::string Structure::FaultOf(const ov::ScriptChain& chain, const std::vector<Place>& places, bool hasGroup) const {
-    if (places.empty() || chain.steps.empty()) return "";
+std::string Structure::FaultOf(const ov::ScriptChain& chain, const Scope& scope) const {
+    if (scope.IsNowhere() || chain.steps.empty()) return "";
     const std::span steps(chain.steps);
-    std::set<std::u16string> groupTypes, channelTypes;
-    for (const Place& place : places) {
-        groupTypes.insert(place.groupType);
-        channelTypes.insert(place.channelType);
-    }
     const auto is = [&](std::u16string_view name) { return ov::EqualNoCase(chain.name, name); };
-    if (!hasGroup && (is(u"P") || is(u"CONFG"))) {
+    if (!scope.hasGroup && (is(u"P") || is(u"CONFG"))) {
         return "'" + chain.name.ToUtf8() + "' is not there for scripts of a channel";
     }
-    if (is(u"P")) return FaultOfParameters(steps, groupTypes, "");
-    if (is(u"G")) return FaultOfGroups(steps, channelTypes, "");
-    if (is(u"CH")) return FaultOfChannels(steps, places);
-    if (is(u"CONFM")) return FaultOfRow(steps[0], "CONFM", u"ModuleTypes", places);
-    if (is(u"CONFCH")) return FaultOfRow(steps[0], "CONFCH", u"Channels", places);
-    if (is(u"CONFG")) return FaultOfRow(steps[0], "CONFG", u"Groups", places);
+    if (is(u"P")) return FaultOfParameters(steps, scope.groupTypes, "");
+    if (is(u"G")) return FaultOfGroups(steps, scope.channelTypes, "");
+    if (is(u"CH")) return FaultOfChannels(steps, scope);
+    if (is(u"CONFM")) return FaultOfRow(steps[0], "CONFM", u"ModuleTypes", scope);
+    if (is(u"CONFCH")) return FaultOfRow(steps[0], "CONFCH", u"Channels", scope);
+    if (is(u"CONFG")) return FaultOfRow(steps[0], "CONFG", u"Groups", scope);
     if (is(u"ENV") && !IsOneOf(steps[0].member, kEnvironmentMembers)) return "ENV has no member " + Member(steps[0]);
     if (is(u"GETTEXT")) {
         const std::optional<Text> id = LiteralId(steps[0]);
@@ -147,15 +157,15 @@ std::string Structure::FaultOf(const ov::ScriptChain& chain, const std::vector<P
     return "";
 }
 
-std::string Structure::FaultOfChannels(std::span<const ScriptStep> steps, const std::vector<Place>& places) const {
+std::string Structure::FaultOfChannels(std::span<const ScriptStep> steps, const Scope& scope) const {
     if (!steps[0].member.empty() && !ov::EqualNoCase(steps[0].member, u"groups")) {
         return "CH has no member " + Member(steps[0]);
     }
     const std::optional<Text> id = LiteralId(steps[0]);
     std::set<std::u16string> types;
     std::vector<std::string> known;
-    for (const Place& place : places) {
-        for (const auto& [each, channelTypes] : mChannels.at(place.module)) {
+    for (const std::u16string& module : scope.modules) {
+        for (const auto& [each, channelTypes] : mChannels.at(module)) {
             known.push_back(Text(each).ToUtf8());
             if (!id || each == Folded(*id)) types.insert(channelTypes.begin(), channelTypes.end());
         }
@@ -221,7 +231,7 @@ std::string Structure::FaultOfScript(std::u16string_view id, const std::set<std:
 }
 
 std::string Structure::FaultOfRow(const ScriptStep& step, const std::string& object, std::u16string_view table,
-                                  const std::vector<Place>& places) const {
+                                  const Scope& scope) const {
     const bool isChild = (object == "CONFCH" && ov::EqualNoCase(step.member, u"gvalue")) ||
                          (object == "CONFG" && ov::EqualNoCase(step.member, u"pvalue"));
     if (!isChild && !step.member.empty() && !IsOneOf(step.member, kRowMembers)) {
@@ -230,10 +240,11 @@ std::string Structure::FaultOfRow(const ScriptStep& step, const std::string& obj
     if (isChild) {
         table = object == "CONFCH" ? u"Groups" : u"Parameters";
         if (const std::optional<Text> id = LiteralId(step)) {
-            const bool isKnown = std::ranges::any_of(places, [&](const Place& place) {
-                return object == "CONFCH" ? !GroupTypes(place.channelType, *id).empty()
-                                          : HasParameter(place.groupType, *id);
-            });
+            const bool isKnown =
+                object == "CONFCH"
+                    ? std::ranges::any_of(scope.channelTypes,
+                                          [&](const auto& type) { return !GroupTypes(type, *id).empty(); })
+                    : std::ranges::any_of(scope.groupTypes, [&](const auto& type) { return HasParameter(type, *id); });
             if (!isKnown)
                 return "there is no " + std::string(object == "CONFCH" ? "group " : "parameter ") + Quoted(*id);
         }

@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <array>
 #include <map>
+#include <set>
 
 #include "ovmodel/check/inspection.h"
 #include "ovmodel/check/parameter_words.h"
@@ -23,12 +24,6 @@ enum class Reader {
     Rule,       ///< always a script
     String,     ///< a script if it holds a call: open bracket, double quote
     Statement,  ///< always statements, in any generation
-};
-
-/// Where a script runs.
-struct Scope {
-    std::vector<Place> places;
-    bool hasGroup = true;
 };
 
 bool HoldsPrefix(std::u16string_view text) {
@@ -142,7 +137,15 @@ public:
     }
 
 private:
-    Scope InGroup(std::u16string_view groupType) const { return {mStructure.PlacesOf(Folded(groupType))}; }
+    using GroupTypes = std::set<std::u16string>;
+
+    Scope ScopeOfAll(const GroupTypes& groupTypes) {
+        Scope scope;
+        for (const std::u16string& type : groupTypes) {
+            scope.Join(mStructure.ScopeOf(type));
+        }
+        return scope;
+    }
 
     /// A column that is read in one way.
     void CheckText(const Row& row, std::u16string_view column, Reader reader, const Scope& scope) {
@@ -187,7 +190,7 @@ private:
         const Unmarked script(text, prefix);
         try {
             for (const ov::ScriptChain& chain : ov::OutlineOf(script.script(), form)) {
-                const std::string fault = mStructure.FaultOf(chain, scope.places, scope.hasGroup);
+                const std::string fault = mStructure.FaultOf(chain, scope);
                 if (fault.empty()) continue;
                 mInspection.Add(Severity::Error, row, column, script.PlaceOf(chain.line, chain.column) + fault);
             }
@@ -202,7 +205,7 @@ private:
         if (!parameters) return;
         const std::u16string_view filter = parameters->Find(u"enable") ? u"enable" : u"staticDependency";
         for (const Row& row : parameters->rows()) {
-            const Scope scope = InGroup(row.TextOf(u"GroupType"));
+            const Scope& scope = mStructure.ScopeOf(row.TextOf(u"GroupType"));
             const ParameterWord* word = FindParameterWord(row.TextOf(u"Type"));
             if (!word) continue;
             CheckText(row, filter, Reader::Truth, scope);
@@ -220,27 +223,25 @@ private:
 
     // Texts are scripts where they are units or words of a list; the groups that use them are where they run.
     void CheckTextsInUse() {
-        std::map<std::int32_t, std::vector<Place>> uses;
-        const auto use = [&](const std::optional<std::int32_t>& text, const std::vector<Place>& places) {
-            if (text) uses[*text].insert(uses[*text].end(), places.begin(), places.end());
-        };
-        std::map<std::u16string, std::vector<Place>> lists;
+        std::map<std::int32_t, GroupTypes> uses;
+        std::map<std::u16string, GroupTypes> lists;
         for (const Row& row : mDescriptor.Rows(u"Parameters")) {
-            const std::vector<Place> places = InGroup(row.TextOf(u"GroupType")).places;
-            use(row.LongOf(u"unit"), places);
-            std::vector<Place>& list = lists[Folded(row.TextOf(u"subtype"))];
-            list.insert(list.end(), places.begin(), places.end());
+            const std::u16string group = Folded(row.TextOf(u"GroupType"));
+            if (const auto unit = row.LongOf(u"unit")) uses[*unit].insert(group);
+            lists[Folded(row.TextOf(u"subtype"))].insert(group);
         }
         for (const char16_t* table : {u"Enums", u"EnumsStr"}) {
             for (const Row& row : mDescriptor.Rows(table)) {
-                use(row.LongOf(u"valueText"), lists[Folded(row.TextOf(u"enumSubType"))]);
+                const auto text = row.LongOf(u"valueText");
+                if (text) uses[*text].merge(GroupTypes(lists[Folded(row.TextOf(u"enumSubType"))]));
             }
         }
         for (const Row& row : mDescriptor.Rows(u"Texts")) {
-            const auto places = uses.find(row.LongOf(u"TEXT_IDX").value_or(0));
-            if (places == uses.end()) continue;
+            const auto groups = uses.find(row.LongOf(u"TEXT_IDX").value_or(0));
+            if (groups == uses.end()) continue;
+            const Scope scope = ScopeOfAll(groups->second);
             for (const Text& column : mDescriptor.textColumns()) {
-                CheckText(row, column, Reader::String, {places->second});
+                CheckText(row, column, Reader::String, scope);
             }
         }
     }
@@ -248,19 +249,17 @@ private:
     void CheckGroupScripts() {
         for (const Row& row : mDescriptor.Rows(u"GroupScripts")) {
             CheckText(row, u"script", mInspection.hasPrefixes() ? Reader::String : Reader::Rule,
-                      InGroup(row.TextOf(u"GroupType")));
+                      mStructure.ScopeOf(row.TextOf(u"GroupType")));
         }
     }
 
     void CheckActions() {
-        std::map<std::u16string, std::vector<Place>> users;
+        std::map<std::u16string, GroupTypes> users;
         for (const Row& row : mDescriptor.Rows(u"Parameters")) {
-            const std::vector<Place> places = InGroup(row.TextOf(u"GroupType")).places;
-            std::vector<Place>& known = users[Folded(row.TextOf(u"actionOnChange"))];
-            known.insert(known.end(), places.begin(), places.end());
+            users[Folded(row.TextOf(u"actionOnChange"))].insert(Folded(row.TextOf(u"GroupType")));
         }
         for (const Row& row : mDescriptor.Rows(u"Actions")) {
-            CheckText(row, u"actionScript", Reader::Statement, {users[Folded(row.TextOf(u"ActionID"))]});
+            CheckText(row, u"actionScript", Reader::Statement, ScopeOfAll(users[Folded(row.TextOf(u"ActionID"))]));
         }
     }
 
@@ -269,14 +268,14 @@ private:
         for (const Row& row : mDescriptor.Rows(u"ModuleTypes")) {
             if (row.TextOf(u"fdtDeviceTypeInformation").view().starts_with(u"file:\\\\")) continue;
             CheckText(row, u"fdtDeviceTypeInformation", Reader::String,
-                      {mStructure.FirstChannelsOf(Folded(row.TextOf(u"IDX"))), false});
+                      mStructure.FirstChannelsOf(Folded(row.TextOf(u"IDX"))));
         }
         const Table* files = mDescriptor.Find(u"Files");
         if (!files) return;
         for (const Row& row : files->rows()) {
             for (const Text& column : files->columns()) {
                 if (ov::EqualNoCase(column, u"FILE_IDX")) continue;
-                CheckText(row, column, Reader::String, {mStructure.FirstChannelsOf({}), false});
+                CheckText(row, column, Reader::String, mStructure.FirstChannelsOf({}));
             }
         }
     }

@@ -113,6 +113,7 @@ struct Unique {
     std::array<std::u16string_view, 2> columns;
     Severity severity;
     const char* consequence;
+    bool countsNull = false;  ///< rows with Null collide too
 };
 constexpr std::array kUnique = {
     Unique{u"ModuleTypes", {u"moduletype"}, Severity::Error, "the first row of the name hides this one"},
@@ -121,11 +122,12 @@ constexpr std::array kUnique = {
     Unique{u"Files", {u"FILE_IDX"}, Severity::Error, "reading the files fails at this row"},
     Unique{u"Channels", {u"ModuleType", u"ChannelId"}, Severity::Error, "the channel takes the place of the earlier"},
     Unique{u"Groups", {u"ChannelType", u"groupId"}, Severity::Error, "the group takes the place of the earlier one"},
-    Unique{u"GroupScripts", {u"GroupType", u"ScriptId"}, Severity::Error, "reading the group's scripts ends here"},
+    Unique{
+        u"GroupScripts", {u"GroupType", u"ScriptId"}, Severity::Error, "reading the group's scripts ends here", true},
     Unique{u"Parameters", {u"idx"}, Severity::Error, "rows with one number are not told apart"},
     Unique{u"Enums", {u"enumSubType", u"value"}, Severity::Error, "the row is left out of the list"},
     Unique{u"EnumsStr", {u"enumSubType", u"value"}, Severity::Error, "the row is left out of the list"},
-    Unique{u"Actions", {u"ActionID", u"value"}, Severity::Error, "the row is left out"},
+    Unique{u"Actions", {u"ActionID", u"value"}, Severity::Error, "the row is left out", true},
 };
 
 void CheckUnique(Inspection& inspection, const Unique& unique) {
@@ -133,8 +135,10 @@ void CheckUnique(Inspection& inspection, const Unique& unique) {
     for (const Row& row : inspection.descriptor.Rows(unique.table)) {
         std::u16string key;
         std::string shown;
+        bool hasNull = false;
         for (const std::u16string_view column : unique.columns) {
             if (column.empty()) continue;
+            hasNull = hasNull || row[column].IsNull();
             key += Folded(row.TextOf(column)) + (row[column].IsNull() ? u"\1" : u"\2");
             shown += (shown.empty() ? "" : ", ") + Shown(row[column]);
         }

@@ -29,6 +29,7 @@ bool IsNumber(const Variant& value) noexcept {
 }
 
 std::uint32_t HashBits(std::uint64_t bits) noexcept {
+    bits ^= bits >> 32;  // a Double that is a small whole number has nothing in its low bits
     bits *= 0x9E3779B97F4A7C15u;
     return static_cast<std::uint32_t>(bits >> 32);
 }

@@ -72,7 +72,7 @@ void ProcedureCompiler::AssignIndexed(const Expression& target, const Expression
     const std::size_t base = mTop;
     const std::uint8_t flags = isSet ? kIsSet : std::uint8_t{0};
     const std::span<Expression* const> indexes = target.arguments;
-    if (indexes.size() > kMaxArguments) Fail(CompileError::OutOfMemory, target.position);
+    if (indexes.size() > kMaxIndexes) Fail(CompileError::OutOfMemory, target.position);
     const std::optional<Operand> variable = VariableOf(*target.left);
     if (variable && indexes.size() == 1 && indexes[0]->kind != ExpressionKind::Missing) {
         const Operand index = Protect(Value(*indexes[0]), value);
@@ -123,7 +123,7 @@ ProcedureCompiler::Place ProcedureCompiler::PreparePlace(const Expression& expre
     }
     for (auto bracket = brackets.rbegin(); bracket != brackets.rend(); ++bracket) {
         const std::span<Expression*> arguments = (*bracket)->arguments;
-        if (arguments.size() > kMaxArguments) Fail(CompileError::OutOfMemory, expression.position);
+        if (arguments.size() > kMaxIndexes) Fail(CompileError::OutOfMemory, expression.position);
         place.indexes.push_back({static_cast<std::uint16_t>(mTop), static_cast<std::uint8_t>(arguments.size())});
         for (const Expression* index : arguments) {
             ToTemp(*index, NewTemp());
@@ -148,7 +148,7 @@ Operand ProcedureCompiler::FindPlace(const Place& place) {
 void ProcedureCompiler::AssignMember(const Expression& member, std::span<Expression* const> indexes,
                                      const Expression& value, bool isSet) {
     const std::size_t base = mTop;
-    if (indexes.size() > kMaxArguments) Fail(CompileError::OutOfMemory, member.position);
+    if (indexes.size() > kMaxIndexes) Fail(CompileError::OutOfMemory, member.position);
     const std::uint16_t window = NewTemp();
     std::uint8_t flags = isSet ? kIsSet : std::uint8_t{0};
     if (member.kind == ExpressionKind::Name) {

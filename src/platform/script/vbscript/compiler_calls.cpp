@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "platform/script/vbscript/compiler.h"
 #include "platform/script/vbscript/limits.h"
 
@@ -119,7 +121,7 @@ ProcedureCompiler::Elements ProcedureCompiler::PrepareElements(const Expression&
             continue;
         }
         element.position = i;
-        if (argument.arguments.size() > kMaxArguments) Fail(CompileError::OutOfMemory, argument.position);
+        if (argument.arguments.size() > kMaxIndexes) Fail(CompileError::OutOfMemory, argument.position);
         element.count = Count(argument.arguments);
         element.indexes = static_cast<std::uint16_t>(mTop);
         NewTemps(element.count);
@@ -194,9 +196,10 @@ void ProcedureCompiler::PassElement(const Expression& argument, const ElementArg
 }
 
 void ProcedureCompiler::PutBack(const Elements& elements) {
+    constexpr std::size_t kLast = Code::kWrittenBits - 1;  // stands for all behind it
     for (const ElementArgument& element : elements) {
         const PutBackNumbers numbers{static_cast<std::uint8_t>(element.count),
-                                     static_cast<std::uint8_t>(element.position)};
+                                     static_cast<std::uint8_t>(std::min(element.position, kLast))};
         Emit(Opcode::PutBack, element.value, element.variable.bits, element.indexes, 0, numbers.Pack());
     }
 }

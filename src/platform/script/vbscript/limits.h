@@ -13,7 +13,8 @@ inline constexpr std::size_t kMaxSourceLength =
 inline constexpr std::size_t kMaxNameLength = 255;  ///< characters
 inline constexpr int kMaxNesting = 200;             ///< brackets, member chains and blocks inside each other
 inline constexpr std::size_t kMaxParameters = 255;
-inline constexpr std::size_t kMaxArguments = 255;
+inline constexpr std::size_t kMaxArguments = 16384;  ///< of one call, such as Array(...)
+inline constexpr std::size_t kMaxIndexes = 255;      ///< of one assignment
 
 // Running scripts.
 inline constexpr std::size_t kMaxCallDepth = 10'000;         ///< procedures that called each other

@@ -1,6 +1,5 @@
 #include "platform/script/vbscript/machine.h"
 
-#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <initializer_list>
@@ -14,8 +13,6 @@
 namespace ov::vbscript {
 
 namespace {
-
-constexpr std::size_t kBytesOfStep = 4096;
 
 /// The variable that a slot stands for, or its own value.
 Variant& Through(Slot& slot) noexcept {
@@ -89,13 +86,6 @@ void Machine::CheckTime() {
     mBudget = 0;  // while the time is over, every step finds out
     RunGuard::CheckTime();
     mBudget = kStepsBetweenChecks;
-}
-
-// Counts the work on this many bytes as steps.
-void Machine::Charge(std::size_t bytes) {
-    if (bytes < kBytesOfStep) return;
-    constexpr std::size_t kMost = 1u << 20;
-    Tick(static_cast<std::int32_t>(std::min(bytes / kBytesOfStep, kMost)));
 }
 
 std::uint32_t& Machine::RandomSeed() {

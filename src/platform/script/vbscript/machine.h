@@ -2,6 +2,7 @@
 /// Runs compiled code.
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <memory>
 #include <span>
@@ -154,15 +155,28 @@ private:
     bool Resume(const Frame* entry, const RuntimeError& error);
     void Unwind(const Frame* entry) noexcept;
     Position PositionOf(const Frame& frame) const noexcept;
-    void Charge(std::size_t bytes);
-    static std::size_t SizeOf(const Variant& value) noexcept;
+    // Counts the work on this many bytes as steps.
+    void Charge(std::size_t bytes) {
+        if (bytes >= kBytesOfStep) Tick(static_cast<std::int32_t>(std::min(bytes / kBytesOfStep, kMostSteps)));
+    }
+    // The same for what a slot holds or stands for.
+    void ChargeFor(const Slot& slot) {
+        if (!slot.IsName()) Charge(SizeOf(slot.IsAlias() ? *slot.link.variable : slot.value));
+    }
+    // About the bytes that a text holds, or that a copy of an array costs when one of the two is written to.
+    static std::size_t SizeOf(const Variant& value) noexcept {
+        if (value.IsString()) return value.AsText().size() * sizeof(char16_t);
+        return value.IsArray() ? value.AsArray().size() * sizeof(Variant) : 0;
+    }
     void Tick(std::int32_t steps = 1) {
         mBudget -= steps;
         if (mBudget < 0) CheckTime();
     }
 
     static constexpr std::int32_t kStepsBetweenChecks = 64;  // few, since a step can be the copy of a big array
-    static constexpr std::int32_t kStepsOfHostCall = 24;     // it may take long
+    static constexpr std::size_t kBytesOfStep = 4096;
+    static constexpr std::size_t kMostSteps = 1u << 20;
+    static constexpr std::int32_t kStepsOfHostCall = 24;  // it may take long
 
     std::unique_ptr<std::byte[]> mSlotMemory;
     std::unique_ptr<std::byte[]> mFrameMemory;

@@ -119,8 +119,13 @@ void Machine::CallGlobal(Global& global, std::uint32_t slot, std::size_t count, 
             const Builtin& builtin = *global.builtin;
             if (!builtin.Takes(count)) Raise(ErrorNumber::WrongArgumentCount);
             Tick();
-            Variant result =
-                CallWithValues(window, count, [&](Arguments& call) { return builtin.call(*this, call.values); });
+            Variant result = CallWithValues(window, count, [&](Arguments& call) {
+                for (const Variant& value : call.values) {
+                    Charge(SizeOf(value));
+                }
+                return builtin.call(*this, call.values);
+            });
+            Charge(SizeOf(result));
             return Finish(window, std::move(result), flags);
         }
         case Global::Kind::HostMember: {

@@ -149,8 +149,7 @@ void Machine::PutBack(const Instruction& i) {
     const PutBackNumbers numbers = PutBackNumbers::Unpack(i.n);
     Slot* const indexes = mTop->slots + i.c;
     Slot& value = mTop->slots[i.a];
-    const std::size_t bit = std::min<std::size_t>(numbers.argument, Code::kWrittenBits - 1);
-    if ((mWritten >> bit) & 1) {
+    if ((mWritten >> numbers.argument) & 1) {
         Slot& place = At(i.b);
         Settle(place);
         Variant* const variable = place.IsName() ? nullptr : place.IsAlias() ? place.link.variable : &place.value;

@@ -177,12 +177,6 @@ void Machine::LinkLocally(Frame& scope, const Name& name, Slot& link) {
     }
 }
 
-// About the bytes that a text holds, or that a copy of an array costs when one of the two is written to.
-std::size_t Machine::SizeOf(const Variant& value) noexcept {
-    if (value.IsString()) return value.AsText().size() * sizeof(char16_t);
-    return value.IsArray() ? value.AsArray().size() * sizeof(Variant) : 0;
-}
-
 void Machine::Let(const Instruction& i) {
     Slot& from = At(i.b);
     Slot& to = At(i.a);

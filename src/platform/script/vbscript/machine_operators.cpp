@@ -99,6 +99,7 @@ void Machine::Compare(const Instruction& i) {
     if (fast::IsWhole(a.Type()) && fast::IsWhole(b.Type())) {
         order = fast::Whole(a.value) <=> fast::Whole(b.value);
     } else {
+        ChargeFor(a);
         order = a.IsName() ? ov::Compare(Variant(Read(a)), Read(b), LiteralSideOf(i))
                            : ov::Compare(Read(a), Read(b), LiteralSideOf(i));
         if (i.flags & kFreeB) a.Clear();
@@ -114,7 +115,7 @@ void Machine::Compare(const Instruction& i) {
 bool Machine::Test(const Instruction& i) {
     Slot& a = At(i.a);
     Slot& b = At(i.b);
-    if (a.IsValue()) Charge(SizeOf(a.value));
+    ChargeFor(a);
     const std::optional<std::weak_ordering> order = a.IsName()
                                                         ? ov::Compare(Variant(Read(a)), Read(b), LiteralSideOf(i))
                                                         : ov::Compare(Read(a), Read(b), LiteralSideOf(i));
@@ -141,7 +142,7 @@ bool Machine::IsTrue(const Instruction& i) {
 void Machine::Concatenate(const Instruction& i) {
     Slot& a = At(i.b);
     Slot& b = At(i.c);
-    if (b.IsValue()) Charge(SizeOf(b.value));
+    ChargeFor(b);
     if (i.a == i.b) {  // s = s & x grows in place
         Variant& variable = VariableOf(a);
         if (variable.IsString()) {
@@ -158,7 +159,7 @@ void Machine::Concatenate(const Instruction& i) {
             return;
         }
     }
-    if (a.IsValue()) Charge(SizeOf(a.value));
+    ChargeFor(a);
     Variant result = a.IsName() ? ov::Concatenate(Variant(Read(a)), Read(b)) : ov::Concatenate(Read(a), Read(b));
     if (i.flags & kFreeB) a.Clear();
     if (i.flags & kFreeC) b.Clear();

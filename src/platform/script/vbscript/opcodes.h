@@ -114,7 +114,7 @@ inline constexpr std::uint8_t kResume = 1;  ///< OnError
 /// The two numbers in n of PutBack.
 struct PutBackNumbers {
     std::uint8_t indexes;   ///< their count
-    std::uint8_t argument;  ///< its position in the call
+    std::uint8_t argument;  ///< its bit of Code::written
 
     constexpr std::uint16_t Pack() const noexcept { return static_cast<std::uint16_t>(indexes | (argument << 8)); }
     static constexpr PutBackNumbers Unpack(std::uint16_t n) noexcept {

@@ -2,6 +2,7 @@
 #include <limits>
 
 #include "platform/script/vbscript/builtins/accounted_list.h"
+#include "platform/script/vbscript/builtins/pace.h"
 #include "platform/script/vbscript/builtins/text_finder.h"
 #include "platform/script/vbscript/builtins/themes.h"
 
@@ -86,7 +87,9 @@ Variant Filter(BuiltinContext& context, std::span<Variant> arguments) {
     const bool contains = BooleanOr(arguments, 2, true);
     TextFinder finder(context, wanted, TextModeAt(arguments, 3));
     AccountedList<Variant> found;
+    Pace pace(context);
     for (std::size_t i = 0; i < list.size(); ++i) {
+        pace.Step(8);
         Text element = ElementText(list, i);
         if ((finder.Find(element, 0) != TextFinder::kNone) == contains) found.Append(std::move(element));
     }

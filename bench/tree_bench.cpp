@@ -221,9 +221,9 @@ void SweepOfRules(benchmark::State& state) {
         }
         return held;
     };
-    swept.ReconfigurationPass(false);  // the parameters that the writes brought in
+    swept.ReconfigurationPass();  // the parameters that the writes brought in
     Compare(
-        state, 2, [&] { return swept.ReconfigurationPass(false); }, evaluate);
+        state, 2, [&] { return swept.ReconfigurationPass(); }, evaluate);
     state.SetItemsProcessed(state.iterations() * kRules);
 }
 BENCHMARK(SweepOfRules)->UseManualTime();

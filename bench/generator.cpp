@@ -213,6 +213,7 @@ constexpr std::array<Recipe, 10> kRecipes = {LimitsByRule,   PlainInteger, TwoAl
                                              RemovedByRule,  ListByRule};
 
 Recipe RecipeOf(int parameter, bool firstGroup, ParameterMix mix) {
+    if (mix == ParameterMix::Integers) return PlainInteger;
     if (parameter == 1) return Mode;
     if (parameter == 2) return Level;
     if (mix == ParameterMix::OneRuleEach) return EnabledByRule;

@@ -11,8 +11,9 @@ namespace ov::bench {
 
 /// What the parameters of a group are.
 enum class ParameterMix {
-    All,         ///< all kinds in turn
-    OneRuleEach  ///< alike, each with the rule `P("1") = 1 And P("2") > 50` for being there
+    All,          ///< all kinds in turn
+    Integers,     ///< alike, integers without rules
+    OneRuleEach,  ///< alike, each with the rule `P("1") = 1 And P("2") > 50` for being there
 };
 
 /// How large a descriptor is. Numbers of channels and groups begin at 0 and 1, those of parameters at 1.

@@ -30,6 +30,7 @@ class DeafGroup final : public Object<DeafGroup, Facet<ParameterOwner>, Facet<IB
 public:
     static constexpr const char* kClassName = "DeafGroup";
 
+    bool IsLiteral(const Text&) override { return true; }
     Ref<ModuleServices> Module() override { return nullptr; }
     Variant GetParameterDescAsScript(const Text& field, Collection& data, const Variant&, VarType) override {
         return data.Get(field);

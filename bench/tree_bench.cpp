@@ -7,6 +7,7 @@
 #include <stdexcept>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include <lua.hpp>
 
@@ -14,6 +15,7 @@
 #include "contract/parameter.h"
 #include "figures.h"
 #include "generator.h"
+#include "heap.h"
 #include "module/module.h"
 #include "parameters/parameter_owner.h"
 #include "platform/automation/conversions.h"
@@ -43,11 +45,7 @@ public:
     // Builds the whole tree; answers the number of its parameters.
     std::size_t BuildAll() {
         std::size_t count = 0;
-        ForEach(mModule->Spec()->channels(), [&](IDispatch* channel) {
-            ForEach(facet<IBase_SpecChannel>(channel)->groups(), [&](IDispatch* group) {
-                count += static_cast<std::size_t>(facet<IBase_SpecGroup>(group)->parameters()->Count());
-            });
-        });
+        ForEachGroup([&](IBase_SpecGroup& group) { count += static_cast<std::size_t>(group.parameters()->Count()); });
         return count;
     }
     Ref<IBase_SpecGroup> Group(const Text& id) {
@@ -55,8 +53,21 @@ public:
     }
     // A group beyond the first one, which rules of other groups read.
     Ref<IBase_SpecGroup> InnerGroup() { return Group(u"5"); }
+    template <class Visit>
+    void ForEachParameter(Visit visit) {
+        ForEachGroup([&](IBase_SpecGroup& group) {
+            ForEach(group.parameters(), [&](IDispatch* parameter) { visit(*facet<IBase_SpecParameter>(parameter)); });
+        });
+    }
 
 private:
+    template <class Visit>
+    void ForEachGroup(Visit visit) {
+        ForEach(mModule->Spec()->channels(), [&](IDispatch* channel) {
+            ForEach(facet<IBase_SpecChannel>(channel)->groups(),
+                    [&](IDispatch* group) { visit(*facet<IBase_SpecGroup>(group)); });
+        });
+    }
     template <class Collection, class Visit>
     static void ForEach(const Collection& collection, Visit visit) {
         const Ref<IEnumVariant> walk = collection->NewEnum();
@@ -105,6 +116,24 @@ void BuildTree(benchmark::State& state) {
 }
 BENCHMARK(BuildTree)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(3);
 
+// What the parameters of one group take, each with its row and its place in the lists.
+void LiveParameter(benchmark::State& state) {
+    constexpr int kParameters = 1000;
+    std::size_t bytes = 0;
+    for (auto _ : state) {
+        LoadedModule module(
+            GenerateDescriptor({.groups = 2, .parameters = kParameters, .mix = ParameterMix::Integers}));
+        module.Group(u"1")->parameters();  // texts and statements that all of them share
+        const Ref<IBase_SpecGroup> group = module.Group(u"2");
+        const std::size_t before = BytesInUse();
+        if (group->parameters()->Count() != kParameters) return state.SkipWithError("parameters are missing");
+        bytes = BytesInUse() - before;
+    }
+    state.counters["bytes"] = static_cast<double>(bytes) / kParameters;
+    state.counters["limit"] = 1500;
+}
+BENCHMARK(LiveParameter)->Iterations(1)->Unit(benchmark::kMillisecond);
+
 // A device with its whole tree, in which a user turns one number to and fro.
 class EditedDevice {
 public:
@@ -133,6 +162,28 @@ void UserEdit(benchmark::State& state) {
     state.SetItemsProcessed(state.iterations());
 }
 BENCHMARK(UserEdit)->Arg(200)->Arg(2'000)->Arg(20'000)->UseManualTime()->Unit(benchmark::kMicrosecond);
+
+// The check of the parameter and the sweep of its group, beside reading what the group shows.
+void EditWithoutRules(benchmark::State& state) {
+    LoadedModule module(GenerateDescriptor({.groups = 1, .mix = ParameterMix::Integers}));
+    std::vector<Ref<IBase_GuiParameter>> parameters;
+    module.ForEachParameter([&](IBase_SpecParameter& parameter) { parameters.push_back(parameter.Gui()); });
+    bool high = false;
+    const auto edit = [&] {
+        high = !high;
+        parameters[1]->let_value(high ? u"7" : u"3");
+        return parameters[1]->modified();
+    };
+    const auto readTexts = [&] {
+        std::size_t characters = 0;
+        for (const Ref<IBase_GuiParameter>& parameter : parameters) {
+            characters += parameter->get_value().size();
+        }
+        return characters;
+    };
+    Compare(state, 3, edit, readTexts);
+}
+BENCHMARK(EditWithoutRules)->UseManualTime();
 
 constexpr int kRuns = 200;
 constexpr const char* kLuaRule = "return P('2') == 1 and P('3') > 5";

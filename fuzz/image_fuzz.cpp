@@ -31,6 +31,7 @@ class LoneGroup final
 public:
     static constexpr const char* kClassName = "LoneGroup";
 
+    bool IsLiteral(const Text&) override { return true; }
     ov::Ref<ov::ModuleServices> Module() override { return nullptr; }
     Variant GetParameterDescAsScript(const Text& field, ov::Collection& data, const Variant&, ov::VarType) override {
         return data.Get(field);

@@ -144,6 +144,16 @@ protected:
     Ref<IBase_GuiGroup> GuiGroup() override { return facet<IBase_GuiGroup>(mGroup); }
     Ref<IBase_SpecGroup> SpecGroup() override { return facet<IBase_SpecGroup>(mGroup); }
 
+    /// What the configuration knows of the row. It holds while the row is as it was read.
+    struct RowFacts {
+        bool hasNoRule = false;      ///< column `consistency`
+        bool hasNoAction = false;    ///< column `actionOnChange`
+        bool hasFixedScale = false;  ///< gain and offset are numbers, and in force
+    };
+    bool Knows(bool RowFacts::*fact) const noexcept { return mFacts.*fact && mData && mData->IsRow(); }
+    /// Whether a reader makes the same of the cell every time, without a word.
+    bool IsFixedCell(std::u16string_view column) const;
+
     // Row and group. Held by the caller while it works with them, since any script may unload the tree.
     Ref<Collection> Row() const;                     ///< @throws RuntimeError 91 without a row
     Ref<ParameterOwner> Owner() const;               ///< @throws RuntimeError 91 once unloaded
@@ -195,6 +205,8 @@ private:
     void ConfigureFirst();
     void FetchUnit(ModuleServices* module);
     Text TranslatedText(const char16_t* column) const;
+    bool IsBlankCell(std::u16string_view column) const;
+    Text CurrentUnit();
     Ref<Collection> LoadActionTable(const Text& key);
     /// What the log tells of an action table that cannot be read.
     virtual Text ActionFault(const RuntimeError& failure) const;
@@ -213,6 +225,7 @@ private:
 protected:
     Ref<Collection> mData;
     Ref<ParameterOwner> mGroup;
+    IBase_CallbackParameter* mGroupEvents = nullptr;  // of mGroup, which keeps it
     Ref<ParamDependency> mDependency;
     Variant mId;
     Text mMinScript, mMaxScript;  // "" or the mark of the class once the limit is settled
@@ -226,6 +239,7 @@ protected:
     LoadState mLoadState = LoadState::NeverConfigured;
     bool mConsistent = false;
     bool mUnknown = false;
+    RowFacts mFacts;
 };
 
 template <class Limit>

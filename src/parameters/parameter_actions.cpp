@@ -14,7 +14,7 @@ constexpr const char16_t* kElse = u"ELSE";  // key of the action for every value
 }  // namespace
 
 void Parameter::RunActionOnChange() {
-    const Text key = mData ? CellText(u"actionOnChange") : Text();
+    const Text key = mData && !Knows(&RowFacts::hasNoAction) ? CellText(u"actionOnChange") : Text();
     if (key.empty()) return;
     const Text valueText = ValueText();
     const Ref<Collection> actions = LoadActionTable(key);

@@ -16,12 +16,16 @@ bool Parameter::Config(IDispatch* parent, const Variant& desc) {
     const Ref<IBase_GuiParameter> alive = KeptAlive();
 
     mData = row;
+    mFacts = {};
     mGroup = owner;
+    mGroupEvents = facet<IBase_CallbackParameter>(owner).get();
     mDBindex = ToLong(Cell(u"idx"));
     if (mLoadState == LoadState::NeverConfigured) mId = Cell(u"ParameterId");  // log lines of all that follows name it
     ReadType();
     mMinScript = CellText(u"Min");
     mMaxScript = CellText(u"Max");
+    mFacts.hasNoRule = IsBlankCell(u"consistency");
+    mFacts.hasNoAction = IsBlankCell(u"actionOnChange");
     ReadDisplayFormat();
     FetchUnit(owner->Module().get());
     ReadList();
@@ -75,6 +79,7 @@ void Parameter::Unload() {
     // The row goes empty and not only away: the ring shares it.
     if (const Ref<Collection> row = std::exchange(mData, nullptr)) row->Clear();
     mGroup = nullptr;
+    mGroupEvents = nullptr;
     mTag = Variant();
 }
 
@@ -89,8 +94,7 @@ Ref<ParameterOwner> Parameter::Owner() const {
 }
 
 Ref<ModuleServices> Parameter::Module() const {
-    const Ref<ParameterOwner> owner = mGroup;
-    return owner ? owner->Module() : nullptr;
+    return mGroup ? mGroup->Module() : nullptr;
 }
 
 Variant Parameter::Cell(std::u16string_view column) const {
@@ -101,6 +105,16 @@ Variant Parameter::CellOr(std::u16string_view column, const Variant& fallback) c
     const Ref<Collection> row = Row();
     const Variant* cell = row->Find(column);
     return cell ? NullToDefault(*cell, fallback) : fallback;
+}
+
+bool Parameter::IsBlankCell(std::u16string_view column) const {
+    const Variant* cell = mData->Find(column);
+    return !cell || cell->IsNull() || (cell->IsString() && cell->AsText().empty());
+}
+
+bool Parameter::IsFixedCell(std::u16string_view column) const {
+    const Variant* cell = mData ? mData->Find(column) : nullptr;
+    return cell && (!cell->IsString() || (mGroup && mGroup->IsLiteral(cell->AsText())));
 }
 
 Text Parameter::CellText(std::u16string_view column) const {

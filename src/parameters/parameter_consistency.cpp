@@ -16,7 +16,7 @@ bool Parameter::CheckConsistency() {
     if (passes && !PassesRule()) {
         Refuse(passes, u"Value (" + ValueText() + u") didn't pass the additional consistency check");
     }
-    const bool unitChanged = unit() != formerUnit;
+    const bool unitChanged = CurrentUnit() != formerUnit;
     CheckFurther(passes, limitsChanged);
     if (scaleChanged || limitsChanged || unitChanged) Notify(kReconfigured);
     if (mConsistent != passes) {
@@ -32,7 +32,7 @@ void Parameter::Refuse(bool& passes, const Text& reason) {
 }
 
 Text Parameter::ConsistencyRule() const {
-    return mData ? CellText(u"consistency") : Text();
+    return mData && !Knows(&RowFacts::hasNoRule) ? CellText(u"consistency") : Text();
 }
 
 bool Parameter::EvaluateRule(const Text& script) {

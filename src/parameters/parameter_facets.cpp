@@ -47,10 +47,15 @@ Text Parameter::html() {
 
 Text Parameter::unit() {
     const Ref<IBase_GuiParameter> alive = KeptAlive();
+    return CurrentUnit();
+}
+
+// @pre the parameter is kept alive
+Text Parameter::CurrentUnit() {
     RefreshUnitForLanguage();
-    const Ref<ParameterOwner> owner = mGroup;
     // A row without unit text leaves the unit that was there before.
-    if (owner && !mUnitScript.empty()) {
+    if (mUnitScript.empty()) return mUnit;
+    if (const Ref<ParameterOwner> owner = mGroup) {
         Text text = mUnitScript;
         owner->GetStringValueFromScript(text, mId);
         mUnit = text;
@@ -172,7 +177,8 @@ void Parameter::UnregisterCallback(IBase_CallbackParameter* cb) {
 
 void Parameter::Notify(Event event) {
     if (mCallbacks) mCallbacks->Tell([&](IBase_CallbackParameter& listener) { (listener.*event)(this); });
-    if (const auto group = facet<IBase_CallbackParameter>(mGroup)) (group.get()->*event)(this);
+    const Ref<ParameterOwner> group = mGroup;
+    if (mGroupEvents) (mGroupEvents->*event)(this);
 }
 
 void Parameter::Log(const Text& message) {

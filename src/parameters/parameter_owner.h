@@ -24,6 +24,8 @@ public:
         return info;
     }
 
+    /// Whether no reader takes @p text for a script or for a number of the locale.
+    virtual bool IsLiteral(const Text& text) = 0;
     /// The module, or Nothing where the chain of group, channel and module is not whole.
     virtual Ref<ModuleServices> Module() = 0;
 

@@ -35,14 +35,19 @@ typename ScaledParameter<T>::Scale ScaledParameter<T>::ReadScale() {
 
 template <class T>
 Variant ScaledParameter<T>::CheckNeedForReConfig() {
+    if (this->Knows(&Parameter::RowFacts::hasFixedScale)) return false;
     const Ref<IBase_GuiParameter> alive = this->KeptAlive();
     return ReadScale() != mScale;
 }
 
 template <class T>
 bool ScaledParameter<T>::RefreshScale() {
+    if (this->Knows(&Parameter::RowFacts::hasFixedScale)) return false;
     const Scale former = mScale;
     mScale = ReadScale();
+    // A gain of 0 is no fixed one: it is told of each time.
+    this->mFacts.hasFixedScale =
+        this->IsFixedCell(u"realGain") && this->IsFixedCell(u"realOffset") && ReadFactor(u"realGain", 1) != 0;
     if (mScale == former) return false;
     if (this->mLoadState == LoadState::Written) KeepRealValue(former);
     return true;

@@ -117,6 +117,7 @@ public:
     Variant EvaluatePickedText(const Text& text) override;
 
     // ParameterOwner
+    bool IsLiteral(const Text& text) override;
     Ref<ModuleServices> Module() override;
     Variant GetParameterDescAsScript(const Text& fieldname, Collection& data, const Variant& id, VarType type) override;
     std::int32_t GetLongFromScript(const Text& text, const Variant& id) override;

@@ -25,8 +25,8 @@ void Group::UpdateDependencies() {
 bool Group::CheckConsistencyAll() {
     bool all = true;
     if (const Ref<TypedList<IBase_SpecParameter>> parameters = mParameters) {
-        parameters->ForEach([&](IBase_SpecParameter& parameter) {
-            if (const auto internal = facet<IBase_Internal>(&parameter)) all = internal->CheckConsistency() && all;
+        parameters->ForEachAs<IBase_Internal>([&](IBase_Internal& parameter) {
+            all = parameter.CheckConsistency() && all;
             return true;
         });
     }
@@ -38,19 +38,17 @@ bool Group::ReconfigurationPass() {
     mScriptResults = nullptr;
     const Ref<TypedList<IBase_SpecParameter>> parameters = mParameters;
     if (!parameters) return false;  // a group that was never opened takes no part
-    parameters->ForEach([&](IBase_SpecParameter& spec) {
-        const auto parameter = facet<IBase_Internal>(&spec);
-        if (!parameter) return true;
-        if (parameter->get_configState() == eParameterConfigState::eParameterValid) {
-            if (SettleValid(*parameter)) {
-                if (ToBoolean(parameter->CheckNeedForReConfig())) Reconfigure(*parameter, any);
+    parameters->ForEachAs<IBase_Internal>([&](IBase_Internal& parameter) {
+        if (parameter.get_configState() == eParameterConfigState::eParameterValid) {
+            if (SettleValid(parameter)) {
+                if (ToBoolean(parameter.CheckNeedForReConfig())) Reconfigure(parameter, any);
             } else {
-                SettleInvalid(*parameter, any);
+                SettleInvalid(parameter, any);
             }
-        } else if (FindActiveDependency(*parameter->dependencies(), true)) {
-            if (parameter->DBindex() != parameter->dependencies()->get_idx()) Reconfigure(*parameter, any);
-            NoteChange(*parameter);
-            parameter->let_configState(eParameterConfigState::eParameterValid);
+        } else if (FindActiveDependency(*parameter.dependencies(), true)) {
+            if (parameter.DBindex() != parameter.dependencies()->get_idx()) Reconfigure(parameter, any);
+            NoteChange(parameter);
+            parameter.let_configState(eParameterConfigState::eParameterValid);
         }
         return true;
     });

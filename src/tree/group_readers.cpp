@@ -36,6 +36,10 @@ bool Group::HasPrefixes() const {
     return Services() && Services()->GetModelVersionIndex() >= 1;
 }
 
+bool Group::IsLiteral(const Text& text) {
+    return HasPrefixes() && !HasScriptPrefix(text);
+}
+
 Variant Group::EvaluateRawScript(const Text& text, bool silent, bool textFallback) {
     return EvaluateFrom(0, text, silent, textFallback);
 }

@@ -62,9 +62,14 @@ public:
     /// Calls @p visit with each element in order, until it answers false. Stands changes of the list meanwhile.
     template <class Visit>
     void ForEach(Visit visit) {
+        ForEachAs<Element>(visit);
+    }
+    /// The same with another facet of the elements; those that lack it are left out.
+    template <class View, class Visit>
+    void ForEachAs(Visit visit) {
         Collection::Walk walk(mCollection);
         while (const Variant* item = walk.Next()) {
-            const Ref<Element> element = AsElement(item);
+            const Ref<View> element = facet<View>(item->AsObject());
             if (element && !visit(*element)) return;
         }
     }

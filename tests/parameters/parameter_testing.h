@@ -113,6 +113,7 @@ public:
 
     explicit FakeGroup(Events& log) : events(log) {}
 
+    bool IsLiteral(const Text& text) override { return module->generation >= 1 && !IsScript(text); }
     Ref<ModuleServices> Module() override { return module; }
     Variant GetParameterDescAsScript(const Text& field, Collection& data, const Variant& id, VarType type) override {
         const Variant cell = data.Get(field);

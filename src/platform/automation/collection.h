@@ -69,6 +69,8 @@ public:
     Ref<IEnumVariant> NewEnum() override;
 
     std::size_t size() const noexcept;
+    /// Whether this is a descriptor row that nobody has added to or removed from.
+    bool IsRow() const noexcept { return mColumns != nullptr; }
     /// The item under @p key, or nullptr. Valid until the next change.
     const Variant* Find(std::u16string_view key) const noexcept;
     /// The item under @p key. @throws RuntimeError 5 if there is none.

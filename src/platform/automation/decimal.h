@@ -65,7 +65,11 @@ public:
     friend Decimal operator%(const Decimal& a, const Decimal& b);
     /// Compares the numbers, whatever their scales.
     friend std::strong_ordering operator<=>(const Decimal& a, const Decimal& b) noexcept;
-    friend bool operator==(const Decimal& a, const Decimal& b) noexcept { return std::is_eq(a <=> b); }
+    friend bool operator==(const Decimal& a, const Decimal& b) noexcept {
+        const bool isSameMagnitude = a.mLow == b.mLow && a.mHigh == b.mHigh;
+        if (a.mScale == b.mScale) return isSameMagnitude && a.IsNegative() == b.IsNegative();
+        return std::is_eq(a <=> b);
+    }
 
 private:
     friend class Variant;

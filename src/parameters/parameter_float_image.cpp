@@ -76,7 +76,7 @@ bool ParameterFloat::MoveSingle(const Text* source, const FieldPlace& place) {
 
 void ParameterFloat::TakeSingle(float number) {
     if (mRound) {
-        WriteDeviceNumber(static_cast<double>(number));
+        let_realvalue(static_cast<double>(number));
     } else {
         TakeDeviceNumber(static_cast<double>(number));
     }

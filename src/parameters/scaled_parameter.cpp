@@ -137,7 +137,11 @@ void ScaledParameter<T>::let_realvalue(const Variant& value) {
 
 template <class T>
 void ScaledParameter<T>::WriteDeviceNumber(const T& number) {
-    let_realvalue(number);
+    if (IsUnscaled()) {
+        this->WriteAccepted(number);
+    } else {
+        let_realvalue(number);
+    }
 }
 
 template <class T>

@@ -92,12 +92,23 @@ typename TypedParameter<T>::Content TypedParameter<T>::ConvertFromEngine(const V
 template <class T>
 void TypedParameter<T>::WriteByEngine(const Variant& value) {
     const Ref<IBase_GuiParameter> alive = KeptAlive();
-    const Content content = ConvertFromEngine(value);
+    StoreOrLog(ConvertFromEngine(value), value);
+}
+
+template <class T>
+void TypedParameter<T>::WriteAccepted(const T& value) {
+    const Ref<IBase_GuiParameter> alive = KeptAlive();
+    StoreOrLog({value}, value);
+}
+
+template <class T>
+template <class Written>
+void TypedParameter<T>::StoreOrLog(const Content& content, const Written& written) {
     try {
         StoreFromEngine(content);
     } catch (const RuntimeError& failure) {
         if (DebugOutput()) {
-            LogWithId(u"Property Let IBase_SpecParameter_value(" + TextForLog(value) +
+            LogWithId(u"Property Let IBase_SpecParameter_value(" + TextForLog(written) +
                       u"): ONERROR: Aktion nicht möglich (" + failure.description() + u")");
         }
     }

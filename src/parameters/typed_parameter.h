@@ -68,6 +68,8 @@ protected:
         return mValue == value && mValueExt == eParameterValueExt::eParamValueExtNormalValue && !mUnknown &&
                mLoadState == LoadState::Written;
     }
+    /// The engine's write of a value that the class accepts as it is.
+    void WriteAccepted(const T& value);
     void WriteByUser(const Text& text) override;
     void WriteByEngine(const Variant& value) override;
     void SetMyValueToDefault() override;
@@ -84,6 +86,8 @@ protected:
 
 private:
     void StoreFromEngine(const Content& content);
+    template <class Written>
+    void StoreOrLog(const Content& content, const Written& written);
 };
 
 extern template class TypedParameter<std::int32_t>;

@@ -47,6 +47,21 @@ TEST_F(ParameterConsistencyTest, LimitsAreThoseOfTheTypeUntilTheCheck) {
     EXPECT_EQ(Check(true), "");
 }
 
+// What the check knows of a row ends when somebody changes the row.
+TEST_F(ParameterConsistencyTest, TheRowMayChangeUnderTheParameter) {
+    const Ref<Collection> row = ::ov::testing::MakeRow({{u"realGain", u"2"}});
+    Make();
+    EXPECT_TRUE(internal->Config(group->Dispatch(), Variant(row)));
+    EXPECT_EQ(Check(true) + Check(true), kReconfigured);
+    EXPECT_EQ(Describe(internal->CheckNeedForReConfig()), "False");
+    for (const auto& [column, value] : {std::pair(u"realGain", u"4"), std::pair(u"consistency", u"!:no")}) {
+        row->RemoveKey(column);
+        row->TryAdd(column, value);
+    }
+    EXPECT_EQ(Describe(internal->CheckNeedForReConfig()), "True");
+    EXPECT_EQ(Check(false), std::string(kReconfigured) + " " + kState);
+}
+
 TEST_F(ParameterConsistencyTest, AChangeOfScaleKeepsTheDeviceView) {
     double gain = 1, offset = 0;
     group->scripts["gain"] = [&] { return Variant(gain); };

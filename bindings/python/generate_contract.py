@@ -165,7 +165,8 @@ def write_members(interface: Interface, table: list, enumerations: set) -> list:
         else:
             if not reads:
                 kind = arguments[-1].split(": ", 1)[1]
-            lines += ["    @property", f"    def {name}(self) -> {kind}:", *(docstring(doc, " " * 8) or ["        ..."])]
+            lines += ["    @property", f"    def {name}(self) -> {kind}:",
+                      *(docstring(doc, " " * 8) or ["        ..."])]
             if len(forms) > 1 or not reads:
                 lines += [f"    @{name}.setter", f"    def {name}(self, value: {kind}, /) -> None: ..."]
         lines.append("")
@@ -181,7 +182,8 @@ def wrapped(line: str) -> list:
 def read_enumerations() -> list:
     text = (SOURCE / "contract/enumerations.h").read_text(encoding="utf-8")
     found = []
-    for comment, name, body in re.findall(r"((?:/// [^\n]*\n)+)enum class (e\w+) : std::int32_t \{\n(.*?)\};", text, re.S):
+    for comment, name, body in re.findall(r"((?:/// [^\n]*\n)+)enum class (e\w+) : std::int32_t \{\n(.*?)\};", text,
+                                          re.S):
         values = [(key, int(value), prose([note or ""]))
                   for key, value, note in re.findall(r"(\w+) = (\d+),(?:\s*///< ([^\n]*))?", body)]
         found.append((name, prose([line[3:] for line in comment.splitlines()]), values))
@@ -205,7 +207,8 @@ def write_records(enumerations: set) -> list:
     lines = []
     for comment, name, body in re.findall(r"((?:/// [^\n]*\n)+)struct (t\w+) \{\n(.*?)\n\};", text, re.S):
         lines += [f"class {name}(Protocol):", *docstring(prose([c[3:] for c in comment.splitlines()]), " " * 4), ""]
-        for cpp, field, note in re.findall(r"^    (?!static)([\w:<>]+) (\w+)(?: = [^;]+)?;(?:\s*///< (.*))?$", body, re.M):
+        for cpp, field, note in re.findall(r"^    (?!static)([\w:<>]+) (\w+)(?: = [^;]+)?;(?:\s*///< (.*))?$", body,
+                                           re.M):
             lines += ["    @property", f"    def {field}(self) -> {python_type(cpp, enumerations)}:",
                       *(docstring(prose([note]), " " * 8) or ["        ..."]), ""]
         lines.append("")
@@ -249,6 +252,9 @@ def generate() -> str:
                 continue
             lines += [f"class {interface.name}(Protocol):", *docstring(prose(interface.comment), " " * 4), ""]
             lines += write_members(interface, tables[interface.name], names)
+            if "Unload" in interface.functions:
+                lines += [f"    def __enter__(self) -> {interface.name}: ...",
+                          "    def __exit__(self, *exception: object) -> None: ...", ""]
             if interface.name == "ICollection":
                 lines += ["    def __len__(self) -> int: ...", "    def __iter__(self) -> Iterator[Any]: ...",
                           "    def __getitem__(self, key: Any, /) -> Any: ...",

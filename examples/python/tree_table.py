@@ -25,7 +25,7 @@ def rows(module, wanted):
                 if gui.configState() == ov_model.eParameterInvalid:
                     continue  # not there at present
                 yield [f"{path}/{parameter.id()}", gui.name(), gui.value, gui.unit(), *limits(gui),
-                       ov_model.eParameterKind(parameter.kind()).name.removeprefix("eParamKind")]
+                       (ov_model.eParameterKind(parameter.kind()).name or "").removeprefix("eParamKind")]
 
 
 def limits(gui):

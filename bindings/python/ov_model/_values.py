@@ -1,17 +1,19 @@
 """Values between Python and the library.
 
-| Python                              | the library                                          |
-|-------------------------------------|------------------------------------------------------|
-| None                                | Nothing; also what Empty comes out as                |
-| Empty, Null, Missing                | the same                                             |
-| bool, int, float, str               | Boolean, Long (a Decimal beyond 32 bits), Double, String; all widths come out as int and float |
-| decimal.Decimal, Currency           | Decimal, Currency                                    |
-| datetime.datetime, datetime.date    | Date                                                 |
-| ErrorCode                           | Error                                                |
-| bytes, bytearray                    | an array of Byte from index 0; comes out as bytearray |
-| list, tuple                         | an array from index 0; comes out as list, with several dimensions as nested lists |
-| an object of the library            | itself                                               |
-| any other object with public methods | a listener                                          |
+| Python                               | the library                                                |
+|--------------------------------------|------------------------------------------------------------|
+| None                                 | Nothing; also what Empty comes out as                      |
+| Empty, Null, Missing                 | the same                                                   |
+| bool, int, float, str                | Boolean, Long (a Decimal beyond 32 bits), Double, String;  |
+|                                      | numbers of all widths come out as int and float            |
+| decimal.Decimal, Currency            | Decimal, Currency                                          |
+| datetime.datetime, datetime.date     | Date                                                       |
+| ErrorCode                            | Error                                                      |
+| bytes, bytearray                     | an array of Byte from index 0; comes out as bytearray      |
+| list, tuple                          | an array from index 0; several dimensions come out as      |
+|                                      | nested lists                                               |
+| an object of the library             | itself                                                     |
+| any other object with public methods | a listener                                                 |
 """
 
 from __future__ import annotations

@@ -406,6 +406,9 @@ class CBase_Module(Protocol):
     def GetIndexedFile(self, index: int, /) -> str:
         """Full path of the translated file number index of the descriptor, "" if there is none."""
 
+    def __enter__(self) -> CBase_Module: ...
+    def __exit__(self, *exception: object) -> None: ...
+
 
 class IBase_GuiModule(Protocol):
     """The module for user interfaces. The state questions and commands go to its channels in their order."""
@@ -545,6 +548,9 @@ class IBase_SpecModule(Protocol):
 
     def scriptAccess(self) -> bool:
         """Always False: no rule reaches a module from outside."""
+
+    def __enter__(self) -> IBase_SpecModule: ...
+    def __exit__(self, *exception: object) -> None: ...
 
 
 class CBase_Unload(Protocol):
@@ -1157,6 +1163,9 @@ class IBase_Internal(Protocol):
 
     def CheckNeedForReConfig(self) -> Any:
         """A Boolean: whether gain or offset would come out otherwise now. Changes nothing."""
+
+    def __enter__(self) -> IBase_Internal: ...
+    def __exit__(self, *exception: object) -> None: ...
 
 
 class CBase_ParamDependency(Protocol):

@@ -53,7 +53,8 @@ class DeviceTest(unittest.TestCase):
             back = parameter.tag
             self.assertEqual(back, value)
             self.assertIs(type(back), type(value))
-        for value, back in [(2**31, Decimal(2**31)), (b"ab", bytearray(b"ab")), ((1, 2), [1, 2]), (ov_model.Empty, None),
+        for value, back in [(2**31, Decimal(2**31)), (b"ab", bytearray(b"ab")), ((1, 2), [1, 2]),
+                            (ov_model.Empty, None),
                             (datetime.date(2026, 1, 2), moment(2026, 1, 2)), (ov_model.ErrorCode(13), 13),
                             (Decimal("1e3"), Decimal(1000)), (ov_model.eParamKindDiagnosis, 16),
                             (Decimal("0." + "3" * 40), Decimal("0." + "3" * 28)), (ov_model.ByRef("x"), "x"),
@@ -61,7 +62,8 @@ class DeviceTest(unittest.TestCase):
             parameter.tag = value
             self.assertEqual(parameter.tag, back)
         evaluate = self.group.EvaluateScript
-        self.assertEqual(evaluate("Array(Null, Empty, CByte(7), #2026-01-02#)"), [ov_model.Null, None, 7, moment(2026, 1, 2)])
+        self.assertEqual(evaluate("Array(Null, Empty, CByte(7), #2026-01-02#)"),
+                         [ov_model.Null, None, 7, moment(2026, 1, 2)])
 
     def test_values_that_the_library_does_not_have(self):
         utc = datetime.timezone.utc
@@ -150,7 +152,8 @@ class DeviceTest(unittest.TestCase):
 
     def test_what_listeners_raise_reaches_who_caused_the_event(self):
         gui = self.parameter.Gui()
-        for value, failure, number in [("1", ValueError("no"), 51), ("2", ov_model.RuntimeError(1234, "why", "who"), 1234)]:
+        for value, failure, number in [("1", ValueError("no"), 51),
+                                       ("2", ov_model.RuntimeError(1234, "why", "who"), 1234)]:
             listener = Listener(failure)
             gui.RegisterCallback(listener)
             with self.assertRaises(ov_model.RuntimeError) as caught:
@@ -239,15 +242,15 @@ class PackageTest(unittest.TestCase):
             hints = getattr(contract, name)
             if not (isinstance(hints, type) and name.startswith(("CBase_", "IBase_"))):
                 continue
-            for class_name in [name, "CBase_Module", "CBase_Channel", "CBase_Group", "CBase_Block", "CBase_ParameterInt",
-                               "CBase_ParameterString"]:
+            for class_name in [name, "CBase_Module", "CBase_Channel", "CBase_Group", "CBase_Block",
+                               "CBase_ParameterInt", "CBase_ParameterString"]:
                 try:
                     living = ov_model.facet(ov_model.create(class_name), name)
                 except RuntimeError:
                     continue
-                told = {member for member in vars(hints) if not member.startswith("_")} | set(
-                    key for key in vars(hints).get("__annotations__", {}) if not key.startswith("_"))
-                self.assertEqual(told | {"NewEnum"}, {m for m in dir(living) if not m.startswith("_")} | {"NewEnum"}, name)
+                told = {*vars(hints), *vars(hints).get("__annotations__", {}), "NewEnum"}
+                there = {*dir(living), "NewEnum"}
+                self.assertEqual({m for m in told if m[0] != "_"}, {m for m in there if m[0] != "_"}, name)
                 seen += 1
                 break
         self.assertGreater(seen, 15)

@@ -193,6 +193,7 @@ private:
     Ref<IBase_GuiParameter> mMainValue;
     tBaseFdtDeviceTypeInfo mFdtInfo;
     bool mScriptAccess = false;
+    bool mUnloading = false;
     Ref<Collection> mDesc;
     Text mDBVersion;  // empty until asked for
     std::int32_t mModelVersionIndex = 0;

@@ -28,6 +28,18 @@ private:
 
 namespace {
 
+/// Sets a flag for as long as it lives.
+class Underway {
+public:
+    explicit Underway(bool& flag) noexcept : mFlag(flag) { mFlag = true; }
+    ~Underway() { mFlag = false; }
+    Underway(const Underway&) = delete;
+    Underway& operator=(const Underway&) = delete;
+
+private:
+    bool& mFlag;
+};
+
 std::int32_t PrimaryLanguage(std::int32_t languageId) {
     return languageId & 0x3FF;
 }
@@ -243,7 +255,9 @@ void Module::ReadChannels() {
 }
 
 void Module::Unload() {
-    if (!mDB && !mStation) return;
+    // A listener may unload the module that it is told of, or let go of what unloads it.
+    if ((!mDB && !mStation) || mUnloading) return;
+    const Underway unloading(mUnloading);
     EndWithLog(u"Unload(): gDebugCountEval = ", Text::FromInteger(GlobalDiagnostics().debugCountEval));
     mModuleCallbacks.Tell([this](IBase_CallbackModule& listener) {
         try {

@@ -121,6 +121,9 @@ TEST_F(AutomationHost, ListensWithEventsAndScriptClasses) {
                        "WScript.DisconnectObject m.Spec.Environment\nm.Spec.Environment.Variable(\"a\") = 2\nm.Unload"),
               "a 1\nlanguage TT200 Temperaturmessumformer HART\nunload\n");
     EXPECT_THAT(OnSample("WScript.ConnectObject m, \"m_\""), HasSubstr("runtime error 430"));
+    EXPECT_EQ(OnSample("Class L\nPublic Sub OnUnload(x)\nWScript.Echo x.id\nx.Base.Unload\nEnd Sub\nEnd Class\n"
+                       "m.RegisterModuleCallbackOnly New L"),
+              "id\n");
 }
 
 TEST_F(AutomationHost, RunsTheExamples) {

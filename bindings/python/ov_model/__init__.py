@@ -38,11 +38,13 @@ from ._library import RuntimeError
 from ._objects import Collection, Method, Object, Property, by_reference, wrap as _wrap
 from ._values import ByRef, Currency, Empty, ErrorCode, Missing, Null
 from .contract import *  # the enumerations' constants, and the interfaces for annotations
-from .contract import CBase_Environment, CBase_Module
+from .contract import CBase_Environment, CBase_Module, CBase_Station
 
 
 @overload
 def create(class_name: Literal["CBase_Module"]) -> CBase_Module: ...
+@overload
+def create(class_name: Literal["CBase_Station"]) -> CBase_Station: ...
 @overload
 def create(class_name: Literal["CBase_Environment"]) -> CBase_Environment: ...
 @overload

@@ -2,6 +2,8 @@
 /// How the nodes of the tree pass on the events of parameters.
 #pragma once
 
+#include <cstddef>
+
 #include "contract/callbacks.h"
 #include "platform/automation/callback_list.h"
 #include "platform/automation/errors.h"
@@ -33,7 +35,16 @@ protected:
 };
 
 /// Tells all listeners in their order. What one of them raises ends the round.
+/// @throws RuntimeError 28 where that never ends: any node may be registered as a listener, so nodes can form a ring
 inline void TellAll(CallbackList<IBase_CallbackParameter>& listeners, ParameterEvent event, IBase_GuiParameter* p) {
+    constexpr std::size_t kMostRounds = 300;  // inside each other; a write takes four: group, block, channel, module
+    static std::size_t rounds = 0;
+    if (rounds >= kMostRounds) Raise(ErrorNumber::OutOfStackSpace);
+    struct Round {
+        Round() noexcept { ++rounds; }
+        ~Round() { --rounds; }
+    };
+    const Round round;
     listeners.Tell([&](IBase_CallbackParameter& listener) { (listener.*event)(p); });
 }
 

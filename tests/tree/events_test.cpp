@@ -103,6 +103,16 @@ TEST_F(TreeEvents, AListenerThatFailsEndsTheRoundAndTheWriterIsTold) {
     EXPECT_EQ(Parameter(u"1")->get_value(), u"7") << "the value stands";
 }
 
+TEST_F(TreeEvents, ARingOfListenersIsAnError) {
+    Load(Row(1, 1));
+    const Ref<IBase_GuiChannel> channel = Channel()->Gui();
+    channel->RegisterCallback(channel.get());
+    channel->RegisterCallback(Group()->Gui().get());
+    EXPECT_THROW(Parameter(u"1")->ClearUnknown(), RuntimeError);
+    EXPECT_THROW(Parameter(u"1")->let_value(u"5"), RuntimeError);
+    EXPECT_EQ(Parameter(u"1")->get_value(), u"5") << "as with any listener that fails";
+}
+
 TEST_F(TreeEvents, AListenerIsToldAsOftenAsItRegisteredAndLeavesAltogether) {
     Load(Row(1, 1));
     const Ref<Witness> twice = MakeObject<Witness>("twice", events);

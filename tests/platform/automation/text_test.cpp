@@ -68,6 +68,23 @@ TEST(TextTest, ComparesWithAndWithoutCase) {
         EXPECT_EQ(HashNoCase(a), HashNoCase(b));
     }
     EXPECT_FALSE(EqualNoCase(u"abc", u"abd"));
+    // Every pair of characters of one byte and some others, at each place of a text that is compared in pieces.
+    const std::u16string around = u"abcdefgh";
+    for (std::size_t length = 1; length <= around.size(); ++length) {
+        for (std::size_t at = 0; at < length; ++at) {
+            std::u16string a = around.substr(0, length);
+            std::u16string b = a;
+            for (char16_t c = 0; c < 0x100; ++c) {
+                a[at] = c;
+                for (const char16_t other : {c, static_cast<char16_t>(c ^ 0x20), static_cast<char16_t>(c ^ 0x120)}) {
+                    b[at] = other;
+                    const bool same = FoldCase(c) == FoldCase(other);
+                    ASSERT_EQ(EqualNoCase(a, b), same) << int{c} << ' ' << int{other} << ' ' << at << ' ' << length;
+                    ASSERT_TRUE(!same || HashNoCase(a) == HashNoCase(b)) << int{c} << ' ' << int{other};
+                }
+            }
+        }
+    }
     EXPECT_EQ(Text::FromInteger(std::numeric_limits<std::int64_t>::min()), u"-9223372036854775808");
 }
 

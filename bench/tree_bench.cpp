@@ -158,7 +158,7 @@ void UserEdit(benchmark::State& state) {
     EditedDevice subject(static_cast<int>(state.range(0)));
     EditedDevice small(200);
     Compare(
-        state, 1.5, [&] { return subject.Edit(); }, [&] { return small.Edit(); });
+        state, 1.2, [&] { return subject.Edit(); }, [&] { return small.Edit(); });
     state.SetItemsProcessed(state.iterations());
 }
 BENCHMARK(UserEdit)->Arg(200)->Arg(2'000)->Arg(20'000)->UseManualTime()->Unit(benchmark::kMicrosecond);

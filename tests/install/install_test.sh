@@ -9,12 +9,9 @@ fail() {
     echo "install_test: $*" >&2
     exit 1
 }
-# The indented block of README.md that follows the line that ends with the argument.
+# The block of README.md that begins with the line "```$1".
 snippet() {
-    awk -v mark="$1" 'found && /^    / { print substr($0, 5); seen = 1; next }
-                      found && seen && NF { exit }
-                      found && seen { print ""; next }
-                      index($0, mark) && substr($0, length($0) - length(mark) + 1) == mark { found = 1 }' "$source/README.md"
+    awk -v head="\`\`\`$1" '$0 == head { found = 1; next } found && /^```$/ { exit } found' "$source/README.md"
 }
 # Configures and builds the project in $1 against the installed package.
 build_project() {
@@ -41,8 +38,8 @@ rm -rf "$scratch"
 mkdir -p "$scratch/first"
 cmake --install "$build" --prefix "$prefix" >/dev/null
 
-snippet '`CMakeLists.txt`:' >"$scratch/first/CMakeLists.txt"
-snippet '`first.cpp`:' >"$scratch/first/first.cpp"
+snippet 'cmake CMakeLists.txt' >"$scratch/first/CMakeLists.txt"
+snippet 'cpp first.cpp' >"$scratch/first/first.cpp"
 build_project "$scratch/first"
 expect "Two-channel temperature transmitter" -- "$scratch/first/build/first" "$sample" "TT200 HART"
 

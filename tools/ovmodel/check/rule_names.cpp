@@ -41,7 +41,7 @@ std::string Listed(const std::set<std::u16string>& types) {
 }
 
 // Adds a neighbour in spelling to the words about an unknown id.
-std::string WithClosest(std::string words, const Text& id, const std::vector<std::string>& known) {
+std::string WithClosest(const std::string& words, const Text& id, const std::vector<std::string>& known) {
     const std::string closest = ClosestName(id.ToUtf8(), known);
     return closest.empty() ? words : words + "; did you mean '" + closest + "'?";
 }

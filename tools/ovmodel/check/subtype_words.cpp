@@ -129,7 +129,7 @@ std::string FaultOfFloatSubtype(std::u16string_view subtype) {
     if (subtype.empty()) return "";
     Words words(subtype);
     if (words.Take(u"f")) {
-        const std::optional<double> bits = words.TakeNumber();
+        const double bits = words.TakeNumber().value_or(0);
         if (bits != 32 && bits != 64) return "a float has 32 or 64 bits: 'f32' or 'f64'";
     } else if (!ReadIntegerForm(words)) {
         return kNoWidth;

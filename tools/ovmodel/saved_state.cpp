@@ -137,7 +137,8 @@ Json ReadStateFile(const std::string& path) {
     if (state.value("version", Json()) != kVersion) throw Failure("'" + path + "' has a form of another version");
     if (!state.value("values", Json()).is_object()) throw Failure("'" + path + "' has no values");
     for (const auto& [place, text] : state["values"].items()) {
-        if (!text.is_string()) throw Failure("'" + path + "': the value of " + place + " is no text");
+        if (text.is_string()) continue;
+        throw Failure(std::string("'").append(path).append("': the value of ").append(place).append(" is no text"));
     }
     return state;
 }

@@ -99,7 +99,8 @@ Shell::Shell(Ref<ov::Module> module, std::string type) : mModule(std::move(modul
 }
 
 bool Shell::Run(const std::string& line) {
-    const auto [name, arguments] = SplitFirst(line);
+    const std::pair<std::string, std::string> words = SplitFirst(line);
+    const auto& name = words.first;
     if (name.empty() || name.starts_with('#')) return true;
     mEvents->rows.clear();
     try {
@@ -113,7 +114,7 @@ bool Shell::Run(const std::string& line) {
             throw Failure("no command '" + name + "'" +
                           (closest.empty() ? "; 'help' lists them" : "; did you mean '" + closest + "'?"));
         }
-        std::invoke(command->run, *this, arguments);
+        std::invoke(command->run, *this, words.second);
         PrintEvents();
         std::cout.flush();
         return true;

@@ -8,18 +8,13 @@
 #include "contract/internal.h"
 #include "module/module.h"
 #include "platform/automation/conversions.h"
+#include "support/elements.h"
 #include "support/test_database.h"
 
 namespace ov {
 namespace {
 
-template <class Collection, class Visit>
-void ForEach(const Ref<Collection>& collection, Visit visit) {
-    const Ref<IEnumVariant> walk = collection->NewEnum();
-    for (Variant item; walk->Next(item);) {
-        visit(item.AsObject());
-    }
-}
+using testing::ForEach;
 
 template <class Visit>
 void ForEachParameter(Module& module, Visit visit) {

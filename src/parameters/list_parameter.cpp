@@ -45,7 +45,7 @@ void ListParameter<T, Base>::ReadList() {
 }
 
 template <class T, class Base>
-void ListParameter<T, Base>::CheckFurther(bool& passes, bool /*limitsChanged*/) {
+void ListParameter<T, Base>::CheckFurther(bool& passes, const Terms& /*former*/) {
     if (MayBeUnlisted() || IsListed(this->mValue)) return;
     passes = false;
     this->mErrorText = u"Value (" + KeyOf(this->mValue) + u") is not in enumeration";

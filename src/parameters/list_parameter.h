@@ -18,6 +18,7 @@ public:
 protected:
     using typename Parameter::LoadState;
     using typename Parameter::Purpose;
+    using typename Parameter::Terms;
     using typename TypedParameter<T>::Content;
 
     ListParameter() = default;
@@ -33,7 +34,7 @@ protected:
     Text RuleText(const T& value) override { return KeyOf(value); }
     void ReadDisplayFormat() override {}
     void ReadList() override;
-    void CheckFurther(bool& passes, bool limitsChanged) override;
+    void CheckFurther(bool& passes, const Terms& former) override;
 
     /// Fills the list from column `subtype`, which is in mSubtype now.
     virtual void ReadNewList(ModuleServices& module) = 0;

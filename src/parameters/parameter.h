@@ -1,13 +1,18 @@
 /// @file
 /// What the eight parameter classes have in common.
 ///
-/// | layer                 | adds                                                                               |
-/// |-----------------------|------------------------------------------------------------------------------------|
-/// | `Parameter`           | row, group, marks, listeners, texts; the order of a configuration and of a check   |
-/// | `TypedParameter<T>`   | the value as a T; both ways of writing it; default, reset, comparison              |
-/// | `ScaledParameter<T>`  | numbers: gain and offset, limits, the text for files                               |
-/// | `IntegerParameter<T>` | whole numbers: width and sign, display forms                                       |
-/// | a final class         | what is its own; the transfers with a device image by `ImageTransfers`             |
+/// | layer                           | adds                                                                       |
+/// |---------------------------------|----------------------------------------------------------------------------|
+/// | `Parameter`                     | row, group, marks, listeners, texts, actions; the order of a configuration |
+/// |                                 | and of a check                                                             |
+/// | `TypedParameter<T>`             | the value as a T; both ways of writing it; default, reset, comparison      |
+/// | `ScaledParameter<T>`            | numbers: gain and offset, limits, the text for files                       |
+/// | `IntegerParameter<T>`           | whole numbers: width and sign, display forms                               |
+/// | `ListedNumber`                  | a Long without width of its own, with limits that a list may give          |
+/// | `TextParameter`                 | texts: limits of their length                                              |
+/// | `ListParameter<T, Base>`        | a value of a list; on `ListedNumber` or `TextParameter`                    |
+/// | `EnumerationParameter<T, Base>` | the list comes through the module's cache; states, icons, fallback texts   |
+/// | a final class                   | what is its own; the transfers with a device image by `ImageTransfers`     |
 ///
 /// Rules, listeners and the dependency sweep run any code, which may write this parameter, unload its tree or let go of
 /// it. So an operation that runs them holds the parameter while it lasts, and asks for row and group anew after each.
@@ -16,6 +21,7 @@
 #include <memory>
 #include <optional>
 #include <string_view>
+#include <variant>
 
 #include "contract/callbacks.h"
 #include "contract/group.h"
@@ -127,12 +133,33 @@ protected:
     virtual void SetMyValueToDefault() = 0;
     virtual void KeepWrittenValue() {}  ///< instead of the default, where the value was written
 
+    /// Gain and offset between the display view and the device view.
+    struct Scale {
+        double gain = 1;
+        double offset = 0;
+        friend bool operator==(const Scale&, const Scale&) = default;
+    };
+    /// Limits in the class's own type.
+    struct Limits {
+        std::variant<std::int32_t, double, Decimal> min, max;
+        friend bool operator==(const Limits&, const Limits&) = default;
+    };
+    /// What a check tells of where it is not at the end as it was at the begin.
+    struct Terms {
+        Scale scale;
+        Limits limits;
+        Text unit;
+        friend bool operator==(const Terms&, const Terms&) = default;
+    };
+
     // What a class adds to the check, in this order.
-    virtual bool RefreshScale() { return false; }  ///< True if gain or offset changed
-    virtual bool CheckLimits(bool& passes) = 0;    ///< settles the limits; True if one changed
+    virtual Scale CurrentScale() const { return {}; }
+    virtual void RefreshScale() {}
+    virtual Limits CurrentLimits() const = 0;
+    virtual void CheckLimits(bool& passes) = 0;  ///< settles the limits
     virtual bool StateMayPass() { return mValueExt == eParameterValueExt::eParamValueExtNormalValue; }
     virtual bool PassesRule() = 0;  ///< the column `consistency` for the value held
-    virtual void CheckFurther(bool& /*passes*/, bool /*limitsChanged*/) {}
+    virtual void CheckFurther(bool& /*passes*/, const Terms& /*former*/) {}
 
     virtual void SaveValue() = 0;  ///< takes the value for unmodified
     virtual Text DisplayedValue() = 0;
@@ -186,6 +213,7 @@ protected:
     void Refuse(bool& passes, const Text& reason);
     /// Evaluates @p script, a limit's text, into @p limit unless it is settled, and answers whether there is a limit to
     /// be tested. An empty @p settledMark leaves the limit of the type in force where the column says nothing.
+    /// A rule may let the parameter take another row: then its answer is of no use, and the new row's limit stands.
     template <class Limit>
     bool SettleLimit(Text& script, Limit& limit, const Text& settledMark);
     /// The rule of the column `consistency`; "" if there is none.
@@ -246,9 +274,13 @@ template <class Limit>
 bool Parameter::SettleLimit(Text& script, Limit& limit, const Text& settledMark) {
     if (!script.empty() && script != settledMark) {
         const Ref<ParameterOwner> owner = Owner();
+        const Ref<Collection> row = mData;
         const Text text = script;  // a configuration that the rule causes must not change it meanwhile
-        limit = ValueType<Limit>::FromScript(*owner, text, mId);
-        owner->ForgetStaticScript(script, settledMark);
+        const Limit value = ValueType<Limit>::FromScript(*owner, text, mId);
+        if (mData == row) {
+            limit = value;
+            owner->ForgetStaticScript(script, settledMark);
+        }
     }
     return settledMark.empty() || !script.empty();
 }

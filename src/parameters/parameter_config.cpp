@@ -114,7 +114,8 @@ bool Parameter::IsBlankCell(std::u16string_view column) const {
 
 bool Parameter::IsFixedCell(std::u16string_view column) const {
     const Variant* cell = mData ? mData->Find(column) : nullptr;
-    return cell && (!cell->IsString() || (mGroup && mGroup->IsLiteral(cell->AsText())));
+    if (!cell || cell->IsObject()) return false;
+    return !cell->IsString() || (mGroup && mGroup->IsLiteral(cell->AsText()));
 }
 
 Text Parameter::CellText(std::u16string_view column) const {

@@ -9,16 +9,18 @@ bool Parameter::CheckConsistency() {
     const Ref<IBase_GuiParameter> alive = KeptAlive();
     bool passes = true;
     mErrorText = Text();
-    const bool scaleChanged = RefreshScale();
-    const Text formerUnit = mUnit;
-    const bool limitsChanged = CheckLimits(passes);
+    const Scale formerScale = CurrentScale();
+    RefreshScale();
+    const Terms former{formerScale, CurrentLimits(), mUnit};
+    CheckLimits(passes);
     if (!StateMayPass()) Refuse(passes, u"ValueExt = " + error());
     if (passes && !PassesRule()) {
         Refuse(passes, u"Value (" + ValueText() + u") didn't pass the additional consistency check");
     }
-    const bool unitChanged = CurrentUnit() != formerUnit;
-    CheckFurther(passes, limitsChanged);
-    if (scaleChanged || limitsChanged || unitChanged) Notify(kReconfigured);
+    CurrentUnit();
+    CheckFurther(passes, former);
+    // Any rule above may have checked the parameter as well: what that moved is told by both checks.
+    if (Terms{CurrentScale(), CurrentLimits(), mUnit} != former) Notify(kReconfigured);
     if (mConsistent != passes) {
         mConsistent = passes;
         Notify(kStateChanged);

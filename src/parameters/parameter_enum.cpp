@@ -21,9 +21,9 @@ void ParameterEnum::ReadNewList(ModuleServices&) {
     }
 }
 
-void ParameterEnum::CheckFurther(bool& passes, bool limitsChanged) {
-    EnumerationParameter::CheckFurther(passes, limitsChanged);
-    if (limitsChanged) ReloadCollections();
+void ParameterEnum::CheckFurther(bool& passes, const Terms& former) {
+    EnumerationParameter::CheckFurther(passes, former);
+    if (CurrentLimits() != former.limits) ReloadCollections();
 }
 
 void ParameterEnum::AfterUserWrite(const Content& former) {

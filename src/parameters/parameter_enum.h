@@ -21,7 +21,7 @@ private:
 
     void ReadType() override;
     void ReadNewList(ModuleServices& module) override;
-    void CheckFurther(bool& passes, bool limitsChanged) override;
+    void CheckFurther(bool& passes, const Terms& former) override;
     void AfterRescale() override { TakeListedState(); }
     void AfterUserWrite(const Content& former) override;
     void AfterEngineWrite(const Content& former) override;

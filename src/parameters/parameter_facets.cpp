@@ -56,8 +56,10 @@ Text Parameter::CurrentUnit() {
     // A row without unit text leaves the unit that was there before.
     if (mUnitScript.empty()) return mUnit;
     if (const Ref<ParameterOwner> owner = mGroup) {
+        const Ref<Collection> row = mData;
         Text text = mUnitScript;
         owner->GetStringValueFromScript(text, mId);
+        if (mData != row) return mUnit;  // the rule gave the parameter another row, with a unit of its own
         mUnit = text;
         owner->ForgetStaticScript(mUnitScript, Text());
     }

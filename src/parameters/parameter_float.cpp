@@ -46,7 +46,7 @@ void ParameterFloat::ReadDisplayFormat() {
 }
 
 // The form may be a rule, so it is as of the last check.
-void ParameterFloat::CheckFurther(bool& /*passes*/, bool /*limitsChanged*/) {
+void ParameterFloat::CheckFurther(bool& /*passes*/, const Terms& /*former*/) {
     Text text = mDisplayFormatScript;
     if (!text.empty()) Owner()->GetStringValueFromScript(text, mId);
     const DisplayFormat format = ov::ReadDisplayFormat(text, {.mostHexDigits = 255, .hasUnixTime = false});

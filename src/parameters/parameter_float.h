@@ -36,7 +36,7 @@ private:
 
     void ReadType() override;
     void ReadDisplayFormat() override;
-    void CheckFurther(bool& passes, bool limitsChanged) override;
+    void CheckFurther(bool& passes, const Terms& former) override;
     bool IsBelowMin(const double& value) const override { return value < mMin - Tolerance(); }
     bool IsAboveMax(const double& value) const override { return value > mMax + Tolerance(); }
     double Tolerance() const;

@@ -63,9 +63,10 @@ void ParameterSelect::RefreshUnitForLanguage() {
     ReadFallback(*module);
 }
 
-void ParameterSelect::CheckFurther(bool& passes, bool limitsChanged) {
-    ListParameter::CheckFurther(passes, limitsChanged);
-    const Ref<ModuleServices> module = limitsChanged || mRescaled ? Module() : nullptr;
+void ParameterSelect::CheckFurther(bool& passes, const Terms& former) {
+    ListParameter::CheckFurther(passes, former);
+    const bool moved = CurrentLimits() != former.limits || CurrentScale() != former.scale;
+    const Ref<ModuleServices> module = moved ? Module() : nullptr;
     if (!module) return;
     mList.Clear();
     ForEachRow(*module, [this](std::int32_t value, const Text& text) {

@@ -21,8 +21,7 @@ private:
     void ReadList() override;
     void ReadNewList(ModuleServices& module) override;
     void RefreshUnitForLanguage() override;
-    bool RefreshScale() override { return mRescaled = ListedNumber::RefreshScale(); }
-    void CheckFurther(bool& passes, bool limitsChanged) override;
+    void CheckFurther(bool& passes, const Terms& former) override;
     void SetMyValueToDefault() override;
     void WriteByEngine(const Variant& value) override;
     Text DisplayText(const std::int32_t& value, Purpose purpose) override;
@@ -33,7 +32,6 @@ private:
     void ReadFallback(ModuleServices& module);
 
     std::int32_t mFallbackId = 0;
-    bool mRescaled = false;  // by the check under way
 };
 
 }  // namespace ov

@@ -91,7 +91,7 @@ const char16_t* ParameterString::FaultOf(const Text& value) const {
     }
 }
 
-void ParameterString::CheckFurther(bool& passes, bool /*limitsChanged*/) {
+void ParameterString::CheckFurther(bool& passes, const Terms& /*former*/) {
     if (HasForeignLineBreak(mValue)) {
         Refuse(passes, u"Value (" + mValue + u") contains linefeed but parameter isn't 'multiline'!");
     }

@@ -28,7 +28,7 @@ private:
     void ReadType() override;
     void ReadDisplayFormat() override;
     Text DefaultFromLimits() override;
-    void CheckFurther(bool& passes, bool limitsChanged) override;
+    void CheckFurther(bool& passes, const Terms& former) override;
     bool IsWellFormed(const Text& value) override { return !HasForeignLineBreak(value) && !FaultOf(value); }
     Text ParseText(const Text& text, Purpose purpose) override;
     Text Accepted(const Text& value) override;

@@ -1,6 +1,7 @@
 #include "parameters/scaled_parameter.h"
 
 #include <array>
+#include <utility>
 
 #include "platform/automation/conversions.h"
 #include "platform/automation/operators.h"
@@ -41,16 +42,18 @@ Variant ScaledParameter<T>::CheckNeedForReConfig() {
 }
 
 template <class T>
-bool ScaledParameter<T>::RefreshScale() {
-    if (this->Knows(&Parameter::RowFacts::hasFixedScale)) return false;
-    const Scale former = mScale;
-    mScale = ReadScale();
+void ScaledParameter<T>::RefreshScale() {
+    if (this->Knows(&Parameter::RowFacts::hasFixedScale)) return;
+    const Ref<Collection> row = this->mData;
+    // Asked before the reading: behind a rule the row may be another one.
+    const bool isFixed = this->IsFixedCell(u"realGain") && this->IsFixedCell(u"realOffset");
+    const Scale scale = ReadScale();
+    if (this->mData != row) return;  // the new row has a scale of its own
     // A gain of 0 is no fixed one: it is told of each time.
-    this->mFacts.hasFixedScale =
-        this->IsFixedCell(u"realGain") && this->IsFixedCell(u"realOffset") && ReadFactor(u"realGain", 1) != 0;
-    if (mScale == former) return false;
-    if (this->mLoadState == LoadState::Written) KeepRealValue(former);
-    return true;
+    this->mFacts.hasFixedScale = isFixed && ReadFactor(u"realGain", 1) != 0;
+    // A check within the rule may have moved the value already, so it is in the scale of this moment.
+    const Scale former = std::exchange(mScale, scale);
+    if (mScale != former && this->mLoadState == LoadState::Written) KeepRealValue(former);
 }
 
 template <class T>
@@ -78,15 +81,13 @@ Variant ScaledParameter<T>::Scaled(const Variant& realValue) const {
 }
 
 template <class T>
-bool ScaledParameter<T>::CheckLimits(bool& passes) {
-    const T formerMin = mMin, formerMax = mMax;
+void ScaledParameter<T>::CheckLimits(bool& passes) {
     if (this->SettleLimit(this->mMinScript, mMin, SettledMark()) && IsBelowMin(this->mValue)) {
         this->Refuse(passes, u"Value (" + this->ValueText() + u") is lower than Minimum (" + ToText(mMin) + u") ");
     }
     if (this->SettleLimit(this->mMaxScript, mMax, SettledMark()) && IsAboveMax(this->mValue)) {
         this->Refuse(passes, u"Value (" + this->ValueText() + u") is bigger than Maximum (" + ToText(mMax) + u") ");
     }
-    return mMin != formerMin || mMax != formerMax;
 }
 
 template <class T>

@@ -20,10 +20,14 @@ public:
     Variant CheckNeedForReConfig() override;
 
 protected:
+    using typename Parameter::Limits;
     using typename Parameter::LoadState;
+    using typename Parameter::Scale;
 
-    bool RefreshScale() override;
-    bool CheckLimits(bool& passes) override;
+    Scale CurrentScale() const override { return mScale; }
+    void RefreshScale() override;
+    Limits CurrentLimits() const override { return {mMin, mMax}; }
+    void CheckLimits(bool& passes) override;
     bool IsInRange(const T& value) override { return !IsBelowMin(value) && !IsAboveMax(value); }
     T DefaultFromLimits() override;
     T ToDisplayView(const Variant& value, bool isRealValue) override;
@@ -51,12 +55,6 @@ protected:
     Variant Scaled(const Variant& realValue) const;
 
 private:
-    struct Scale {
-        double gain = 1;
-        double offset = 0;
-        friend bool operator==(const Scale&, const Scale&) = default;
-    };
-
     Scale ReadScale();
     double ReadFactor(const char16_t* column, double fallback);
     void KeepRealValue(const Scale& former);

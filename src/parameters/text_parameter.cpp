@@ -15,15 +15,13 @@ void TextParameter::ReadType() {
     mMaxSize = 32767;
 }
 
-bool TextParameter::CheckLimits(bool& passes) {
-    const std::int32_t formerMin = mMinSize, formerMax = mMaxSize;
+void TextParameter::CheckLimits(bool& passes) {
     if (SettleLimit(mMinScript, mMinSize, kSettled) && IsShort(mValue)) {
         Refuse(passes, u"Value (" + mValue + u") is shorter than Minimum Size (" + Text::FromInteger(mMinSize) + u") ");
     }
     if (SettleLimit(mMaxScript, mMaxSize, kSettled) && IsLong(mValue)) {
         Refuse(passes, u"Value (" + mValue + u") is longer than Maximum (" + Text::FromInteger(mMaxSize) + u") ");
     }
-    return mMinSize != formerMin || mMaxSize != formerMax;
 }
 
 bool TextParameter::IsInRange(const Text& value) {

@@ -18,7 +18,8 @@ protected:
 
     void ReadType() override;
     void ReadDisplayFormat() override {}
-    bool CheckLimits(bool& passes) override;
+    Limits CurrentLimits() const override { return {mMinSize, mMaxSize}; }
+    void CheckLimits(bool& passes) override;
     bool IsInRange(const Text& value) override;
     /// What is no text is no number either, so there is no NaN.
     Content ConvertFromEngine(const Variant& value) override;

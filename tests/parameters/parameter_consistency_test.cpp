@@ -62,6 +62,56 @@ TEST_F(ParameterConsistencyTest, TheRowMayChangeUnderTheParameter) {
     EXPECT_EQ(Check(false), std::string(kReconfigured) + " " + kState);
 }
 
+// A rule may let the parameter take another row. What it answers then counts no more, neither as scale, limit or unit
+// nor as what is known of the row.
+TEST_F(ParameterConsistencyTest, ARuleMayBringAnotherRow) {
+    Cells row = {{u"subtype", u"u8"}, {u"realGain", u"4"}, {u"Min", u"1"}, {u"Max", u"90"}, {u"unit", 1}};
+    for (const bool checks : {true, false}) {
+        for (const auto* column : {u"realGain", u"realOffset", u"Min", u"Max", u"unit"}) {
+            bool isTaken = false;
+            group->scripts["swap"] = [&] {
+                if (!std::exchange(isTaken, true)) {
+                    EXPECT_TRUE(Configure(row));
+                    if (checks) internal->CheckConsistency();
+                }
+                return Variant(2);
+            };
+            group->module->texts[9] = u"#:swap";
+            const Variant rule = column == Text(u"unit") ? Variant(9) : Variant(u"#:swap");
+            Make({{column, rule}, {u"DefaultValue", u"3"}});
+            gui->let_value(u"10");
+            EXPECT_TRUE(isTaken);
+            internal->CheckConsistency();
+            EXPECT_EQ(Limits() + " " + gui->unit().ToUtf8() + " " + Describe(spec->get_realvalue()),
+                      "1..90 text 1 Double 10")
+                << Text(column).ToUtf8();
+            EXPECT_EQ(Shown(), "40");
+            EXPECT_EQ(Check(true), "");
+        }
+    }
+}
+
+// Rules may check their own parameter; each of the checks tells what is not as it was at its begin.
+TEST_F(ParameterConsistencyTest, WhatANestedCheckMovesIsToldByBoth) {
+    double high = 5, gain = 1;
+    bool isNested = false;
+    group->scripts["high"] = [&] { return Variant(high); };
+    group->scripts["gain"] = [&] { return Variant(gain); };
+    group->scripts["rule"] = [&] {
+        if (std::exchange(isNested, true)) return Variant(true);
+        high = 9;
+        gain = 2;
+        internal->CheckConsistency();
+        return Variant(true);
+    };
+    Make({{u"Max", u"!:high"}, {u"realGain", u"!:gain"}, {u"consistency", u"#:rule"}, {u"DefaultValue", u"3"}});
+    EXPECT_EQ(Check(true), std::string(kReconfigured) + " " + kReconfigured);
+    EXPECT_EQ(Check(true), "");
+    isNested = false;
+    high = 5;
+    EXPECT_EQ(Check(true), std::string(kReconfigured)) << "the outer check saw 5, and ends with 9 as it began";
+}
+
 TEST_F(ParameterConsistencyTest, AChangeOfScaleKeepsTheDeviceView) {
     double gain = 1, offset = 0;
     group->scripts["gain"] = [&] { return Variant(gain); };

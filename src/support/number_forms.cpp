@@ -85,9 +85,13 @@ std::optional<double> Scaled(double number, char16_t letter) {
 // The source under which the exponent forms log.
 constexpr std::u16string_view kLogSource = u"Module1";
 
-double ConvertOrLog(std::u16string_view text, const char16_t* function) {
+// @p convert's number. @throws RuntimeError of the conversion, 6 for what is beyond a Double
+template <class Convert>
+double ConvertOrLog(const char16_t* function, Convert convert) {
     try {
-        return ToDouble(text);
+        const double number = convert();
+        if (!std::isfinite(number)) Raise(ErrorNumber::Overflow);
+        return number;
     } catch (const RuntimeError& error) {
         LogEntry(kLogSource, function + (u"(): ONERROR: " + error.description()));
         throw;
@@ -114,15 +118,17 @@ Text Number2TechExponent(double value, int digits) {
 }
 
 double TechExponent2Number(const Text& text, const Text& unit) {
+    constexpr const char16_t* kFunction = u"TechExponent2Number";
     const std::u16string_view number = WithoutUnit(text, unit);
-    if (number.empty() || IsDigit(number.back())) return ConvertOrLog(number, u"TechExponent2Number");
+    if (number.empty() || IsDigit(number.back())) return ConvertOrLog(kFunction, [&] { return ToDouble(number); });
     const std::u16string_view letter = number.substr(number.size() - 1);
-    const double mantissa = ConvertOrLog(number.substr(0, number.size() - 1), u"TechExponent2Number");
-    const std::optional<double> scaled = Scaled(mantissa, letter[0]);
-    if (scaled) return *scaled;
+    const double mantissa = ConvertOrLog(kFunction, [&] { return ToDouble(number.substr(0, number.size() - 1)); });
+    if (const std::optional<double> scaled = Scaled(mantissa, letter[0])) {
+        return ConvertOrLog(kFunction, [&] { return *scaled; });  // the letter may carry it too far
+    }
     const Text complaint = u"unsupported exponent '" + Text(letter) + u"'";
     LogEntry(kLogSource, u"TechExponent2Number(): ERROR: " + complaint + u"!");
-    throw RuntimeError(static_cast<std::int32_t>(ErrorNumber::TypeMismatch), u"TechExponent2Number", complaint);
+    throw RuntimeError(static_cast<std::int32_t>(ErrorNumber::TypeMismatch), kFunction, complaint);
 }
 
 Text Number2Scientific(double value) {
@@ -131,7 +137,7 @@ Text Number2Scientific(double value) {
 
 double Scientific2Number(const Text& text, const Text& unit) {
     try {
-        return ConvertOrLog(WithoutUnit(text, unit), u"Scientific2Number");
+        return ConvertOrLog(u"Scientific2Number", [&] { return ToDouble(WithoutUnit(text, unit)); });
     } catch (const RuntimeError& error) {
         throw RuntimeError(error.number(), u"Scientific2Number", error.description());
     }

@@ -29,7 +29,8 @@ TEST_F(ParameterFloatTest, ReadsAndWritesItsForms) {
         "1.23|1.23; "
         "F32RND2||0.125 -> 0.12|0.12; f32rnd||1.25 -> 1.25|1.25; s16rnd||-1.5 -> -2|-2; u16rnd1||2.75 -> 2|2; "
         "rnd1||2.75 -> 2.8|2.8; f32|techexpo|1.5kV -> 1500|1500; f32|TechExpo2|1500 -> 1500|1.5k; "
-        "f32|techexpo|1.5x -> no|0; f32|scientific|1234 -> 1234|1.23E+03; f32|scientific9|1234 V -> 1234|1.23E+03; "
+        "f32|techexpo|1.5x -> no|0; f32|techexpo|1e300G -> no|0; f32|techexpo|\x01"
+        "1e300G -> no|0; f32|scientific|1234 -> 1234|1.23E+03; f32|scientific9|1234 V -> 1234|1.23E+03; "
         "f32|0.00|1.005 -> 1.005|1.01; f32|00|7 -> 7|07; f32precision1000|0.0|12.26 -> 12.26|12.3",
         [this](const Text& line) {
             const auto [subtype, form, text] = Fields(line);

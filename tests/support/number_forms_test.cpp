@@ -149,6 +149,8 @@ TEST(NumberForms, FailuresAreLoggedAndRaised) {
          "OV_Model::Module1: TechExponent2Number(): ONERROR: Type mismatch\n"},
         {[] { TechExponent2Number(u"1e999k", u""); }, 6, "", "Overflow",
          "OV_Model::Module1: TechExponent2Number(): ONERROR: Overflow\n"},
+        {[] { TechExponent2Number(u"-1e300G", u""); }, 6, "", "Overflow",
+         "OV_Model::Module1: TechExponent2Number(): ONERROR: Overflow\n"},
         {[] { Scientific2Number(u"5 k", u"V"); }, 13, "Scientific2Number", "Type mismatch",
          "OV_Model::Module1: Scientific2Number(): ONERROR: Type mismatch\n"},
         {[] { Version2Number(u"1.x"); }, 13, "", "Type mismatch",

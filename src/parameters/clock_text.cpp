@@ -6,6 +6,7 @@
 
 #include "parameters/value_type.h"
 #include "platform/automation/operators.h"
+#include "platform/locale/locale.h"
 
 namespace ov {
 
@@ -13,8 +14,17 @@ namespace {
 
 constexpr std::int32_t kMinute = 60, kHour = 3600;
 
-Text TwoDigits(std::int64_t number) {
-    return (number < 10 ? u":0" : u":") + Text::FromInteger(number);
+Text NextPart(std::int64_t number) {
+    return CurrentLocale().timeSeparator + (number < 10 ? u"0" : u"") + Text::FromInteger(number);
+}
+
+// Place of the last separator before @p end, or npos.
+std::size_t SeparatorBefore(std::u16string_view text, std::size_t end) {
+    const Locale& locale = CurrentLocale();
+    while (end > 0) {
+        if (locale.IsTimeSeparator(text[--end])) return end;
+    }
+    return std::u16string_view::npos;
 }
 
 // The seconds of the last hour, 0 to 3599.
@@ -24,7 +34,7 @@ std::int64_t SecondsOfHour(const Decimal& seconds) {
 
 Text HoursAndMinutes(const Decimal& seconds) {
     const Decimal hours = (seconds / Decimal(kHour)).Fix();
-    return Text(hours.IsZero() ? u"0" : hours.ToString()) + TwoDigits(SecondsOfHour(seconds) / kMinute);
+    return Text(hours.IsZero() ? u"0" : hours.ToString()) + NextPart(SecondsOfHour(seconds) / kMinute);
 }
 
 template <class T>
@@ -45,7 +55,7 @@ T Sum(const T& a, const T& b) {
 }  // namespace
 
 Text FormatSeconds(const Decimal& seconds) {
-    return HoursAndMinutes(seconds) + TwoDigits(SecondsOfHour(seconds) % kMinute);
+    return HoursAndMinutes(seconds) + NextPart(SecondsOfHour(seconds) % kMinute);
 }
 
 Text FormatMinutes(const Decimal& seconds) {
@@ -55,11 +65,11 @@ Text FormatMinutes(const Decimal& seconds) {
 template <class T>
 T ParseSeconds(const Text& text) {
     const std::u16string_view whole = text;
-    const std::size_t last = whole.rfind(u':');
+    const std::size_t last = SeparatorBefore(whole, whole.size());
     if (last == std::u16string_view::npos) return Number<T>(whole);
     const T seconds = Number<T>(whole.substr(last + 1));
     if (last == 0) return seconds;
-    const std::size_t first = whole.rfind(u':', last - 1);
+    const std::size_t first = SeparatorBefore(whole, last);
     if (first == std::u16string_view::npos) return Sum(Times(Number<T>(whole.substr(0, last)), kMinute), seconds);
     const T minutes = Number<T>(whole.substr(first + 1, last - first - 1));
     const T rest = Sum(Times(minutes, kMinute), seconds);
@@ -69,7 +79,7 @@ T ParseSeconds(const Text& text) {
 template <class T>
 T ParseMinutes(const Text& text) {
     const std::u16string_view whole = text;
-    const std::size_t mark = whole.rfind(u':');
+    const std::size_t mark = SeparatorBefore(whole, whole.size());
     if (mark == std::u16string_view::npos) return Number<T>(whole);
     const T minutes = Number<T>(whole.substr(mark + 1));
     return Sum(Times(minutes, kMinute), Times(Number<T>(whole.substr(0, mark)), kHour));

@@ -1,5 +1,5 @@
 /// @file
-/// Counts of seconds as clock texts. The mark between the parts is ":" in every locale.
+/// Counts of seconds as clock texts. The mark between the parts is the locale's time separator; ":" reads as well.
 #pragma once
 
 #include "platform/automation/decimal.h"
@@ -7,7 +7,7 @@
 
 namespace ov {
 
-/// "25:01:01"; hours are not wrapped. A negative count has the sign before the hours if these are not 0.
+/// "25:01:01" in English; hours are not wrapped. A negative count has the sign before the hours if these are not 0.
 Text FormatSeconds(const Decimal& seconds);
 /// The same without the seconds, which are dropped.
 Text FormatMinutes(const Decimal& seconds);

@@ -133,6 +133,16 @@ TEST_F(ParameterIntTest, CountsOfSecondsMayBeAnyNumber) {
     EXPECT_EQ(FormatSeconds(Decimal::Parse(u"36000000000000000000001").value()), u"10000000000000000000:00:01");
     EXPECT_EQ(FormatSeconds(-1), u"0:00:01") << "hours alone have a sign";
     EXPECT_EQ(FormatMinutes(86400), u"24:00");
+    const ::ov::testing::ScopedLocale finnish("fi-FI");
+    Make({{u"displayFormat", u"seconds"}});
+    ExpectEach("1.02.03 -> 1.02.03; 1:02:03 -> 1.02.03; 1:02.03 -> 1.02.03; .5 -> 0.00.05; 1.90 -> 0.02.30",
+               [this](const Text& text) {
+                   gui->let_value(text);
+                   return Shown();
+               });
+    Make({{u"displayFormat", u"minutes"}, {u"DefaultValue", 90060}});
+    EXPECT_EQ(Shown(), "25.01");
+    EXPECT_TRUE(gui->consistent(u"25.01"));
 }
 
 TEST(ParameterFactoryTest, ChoosesByWordAndWidth) {

@@ -181,8 +181,7 @@ private:
 
     /// ":" always; the locale's own, where that may also separate a date's numbers, only behind a whole date.
     bool IsTimeSeparator(char16_t c) const noexcept {
-        if (c == u':') return true;
-        if (!mLocale.timeSeparator.starts_with(c)) return false;
+        if (!mLocale.IsTimeSeparator(c)) return false;
         return (c != u'.' && c != u'/' && c != u'-') || mCount == mNumbers.size();
     }
 

@@ -30,7 +30,8 @@ struct Locale {
     bool currencySpace = false;     ///< a blank between symbol and number
     DateOrder dateOrder = DateOrder::MonthDayYear;
     std::u16string dateSeparator;  ///< of the short date, such as "/"
-    std::u16string timeSeparator;  ///< such as ":"
+    std::u16string timeSeparator;  ///< such as ":", which every locale reads beside its own
+    bool IsTimeSeparator(char16_t c) const noexcept { return c == u':' || timeSeparator.starts_with(c); }
     std::u16string shortDate;    ///< picture of the short date, always with four year digits: "M/d/yyyy", "dd.MM.yyyy"
     std::u16string longDate;     ///< picture of the long date: "dddd, MMMM d, yyyy"
     std::u16string longTime;     ///< picture of the long time: "h:mm:ss tt", "HH:mm:ss"

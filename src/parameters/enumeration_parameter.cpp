@@ -150,7 +150,9 @@ void EnumerationParameter<T, Base>::TakeEnumerationRow(Recordset& row, Rows& row
     const Variant value = FieldValue(row, u"value");
     const std::int32_t id = ToLong(NullToDefault(FieldValue(row, u"valueText"), 0));
     if (!value.IsNull()) {
-        TakeRow(ValueType<T>::From(value), id, rows, owner, module);
+        const T listed = ValueType<T>::From(value);
+        Offer(listed, id, owner, module);
+        rows.item->Items->Add(listed, id);
         return;
     }
     this->mDisplayFormat = module.GetTranslatedText(id);
@@ -168,23 +170,25 @@ typename EnumerationParameter<T, Base>::Rows EnumerationParameter<T, Base>::Read
     Rows rows{std::make_shared<CEnumCacheItem>()};
     const Text columnText = this->CellText(u"displayFormat");
     try {
-        const RowTemplate rowText(columnText, *row);
+        const RowTemplate rowText(columnText, *row, GetTextMark);
         for (; !row->Eof(); row->MoveNext()) {
             const T value = ValueType<T>::From(row->ValueAt(0));
-            TakeRow(value, columnText.empty() ? this->KeyOf(value) : rowText.Apply(*row), rows, owner, module);
+            const Text text = columnText.empty() ? this->KeyOf(value) : rowText.Apply(*row);
+            Offer(value, text, owner, module);
+            // Unlike an enumeration, the list goes on behind a row whose value came before.
+            if (!rows.item->Items->Exists(value)) rows.item->Items->Add(value, text);
         }
     } catch (const RuntimeError&) {
-        // As in an enumeration.
+        // A row that cannot be read ends the list.
     }
     row->Close();
     return rows;
 }
 
 template <class T, class Base>
-void EnumerationParameter<T, Base>::TakeRow(const T& value, const Variant& stored, Rows& rows, ParameterOwner& owner,
-                                            ModuleServices& module) {
+void EnumerationParameter<T, Base>::Offer(const T& value, const Variant& stored, ParameterOwner& owner,
+                                          ModuleServices& module) {
     if (IsOffered(value)) this->AddRow(value, ShownText(stored, owner, module));
-    rows.item->Items->Add(value, stored);
 }
 
 template <class T, class Base>

@@ -64,7 +64,8 @@ private:
     Rows ReadEnumeration(ParameterOwner& owner, ModuleServices& module);
     Rows ReadStatement(ParameterOwner& owner, ModuleServices& module);
     void TakeEnumerationRow(Recordset& row, Rows& rows, ParameterOwner& owner, ModuleServices& module);
-    void TakeRow(const T& value, const Variant& stored, Rows& rows, ParameterOwner& owner, ModuleServices& module);
+    /// Adds a row to the list if that has room for it.
+    void Offer(const T& value, const Variant& stored, ParameterOwner& owner, ModuleServices& module);
     Text ShownText(const Variant& stored, ParameterOwner& owner, ModuleServices& module) const;
 };
 

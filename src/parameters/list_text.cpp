@@ -2,6 +2,7 @@
 
 #include <cmath>
 #include <limits>
+#include <utility>
 
 #include "descriptor/row_collection.h"
 #include "parameters/subtype.h"
@@ -68,6 +69,10 @@ Text FillMarks(const Text& statement, ModuleServices& module, const Text& value)
     return ReplaceAll(filled, u"$value", value);
 }
 
+Text GetTextMark(std::int32_t number) {
+    return kGetText + (Text::FromInteger(number) + u")");
+}
+
 Text ResolveGetText(const Text& text, ModuleServices& module, Search search) {
     Text resolved = text;
     std::size_t from = 0;
@@ -87,7 +92,8 @@ Text ResolveGetText(const Text& text, ModuleServices& module, Search search) {
     return resolved;
 }
 
-RowTemplate::RowTemplate(const Text& text, Recordset& rows) : mTemplate(text) {
+RowTemplate::RowTemplate(const Text& text, Recordset& rows, TextOfNumber textOf)
+    : mTemplate(text), mTextOf(std::move(textOf)) {
     const std::int32_t columns = rows.FieldCount();
     for (std::int32_t column = 0; column < columns; ++column) {
         mIsTextNumber.push_back(LooksUpTexts(rows, column));
@@ -100,7 +106,7 @@ Text RowTemplate::Apply(Recordset& rows) const {
         Text content;
         try {
             const Variant value = rows.ValueAt(column);
-            content = mIsTextNumber[column] ? kGetText + (Text::FromInteger(ToLong(value)) + u")") : ToText(value);
+            content = mIsTextNumber[column] ? mTextOf(ToLong(value)) : ToText(value);
         } catch (const RuntimeError&) {
             content = Text();
         }

@@ -2,6 +2,7 @@
 /// The texts of lists: how rows of a statement become texts, and what stands for a value that no row has.
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <vector>
 
@@ -14,22 +15,29 @@ namespace ov {
 /// A statement with its marks "$module" and "$value" filled in.
 Text FillMarks(const Text& statement, ModuleServices& module, const Text& value);
 
-/// @p text with every "gettext(NUMBER)" replaced by the text of that number. With @p again the replaced text is
-/// searched too.
+/// Where the search for the next mark goes on: behind the text that took the place of the last one, or at the start, so
+/// that the marks in such texts are found as well.
 enum class Search : bool { Onward, FromTheStart };
+/// The mark of a text number: "gettext(NUMBER)".
+Text GetTextMark(std::int32_t number);
+/// @p text with every "gettext(NUMBER)" replaced by the text of that number.
 Text ResolveGetText(const Text& text, ModuleServices& module, Search search);
 
 /// Rows of a statement as texts, by a template in which "$0" is the first column and so on.
 class RowTemplate {
 public:
-    RowTemplate(const Text& text, Recordset& rows);
+    using TextOfNumber = std::function<Text(std::int32_t)>;
 
-    /// The text of the current row. Of a column of text numbers stands "gettext(NUMBER)". What has no text, such as
-    /// Null, stands as nothing.
+    /// @p textOf says what stands for the content of a column of text numbers.
+    RowTemplate(const Text& text, Recordset& rows, TextOfNumber textOf);
+
+    /// The text of the current row. What has no text, such as Null, stands as nothing. Columns are filled in one by
+    /// one, so a mark of a later one in the content of an earlier one is filled too.
     Text Apply(Recordset& rows) const;
 
 private:
     Text mTemplate;
+    TextOfNumber mTextOf;
     std::vector<bool> mIsTextNumber;  // by column: its row source looks up the table of texts
 };
 

@@ -158,6 +158,8 @@ protected:
     virtual Limits CurrentLimits() const = 0;
     virtual void CheckLimits(bool& passes) = 0;  ///< settles the limits
     virtual bool StateMayPass() { return mValueExt == eParameterValueExt::eParamValueExtNormalValue; }
+    /// Whether the rule is asked; by what was tested before it.
+    virtual bool IsRuleDue(bool passes) const { return passes; }
     virtual bool PassesRule() = 0;  ///< the column `consistency` for the value held
     virtual void CheckFurther(bool& /*passes*/, const Terms& /*former*/) {}
 

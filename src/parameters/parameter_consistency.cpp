@@ -14,7 +14,7 @@ bool Parameter::CheckConsistency() {
     const Terms former{formerScale, CurrentLimits(), mUnit};
     CheckLimits(passes);
     if (!StateMayPass()) Refuse(passes, u"ValueExt = " + error());
-    if (passes && !PassesRule()) {
+    if (IsRuleDue(passes) && !PassesRule()) {
         Refuse(passes, u"Value (" + ValueText() + u") didn't pass the additional consistency check");
     }
     CurrentUnit();

@@ -27,12 +27,12 @@ void ParameterSelect::ForEachRow(ModuleServices& module, Take take) {
     if (!row) return;
     const Variant column = CellOr(u"displayFormat", Variant::Null());
     try {
+        // Marks of texts are those of the template: a field's own text with one in it stays as it is.
         const Text format = column.IsNull() ? Text() : ResolveGetText(ToText(column), module, Search::Onward);
-        const RowTemplate rowText(format, *row);
+        const RowTemplate rowText(format, *row, [&](std::int32_t number) { return module.GetTranslatedText(number); });
         for (; !row->Eof(); row->MoveNext()) {
             const std::int32_t value = ToLong(row->ValueAt(0));
-            const bool plain = column.IsNull();
-            take(value, plain ? KeyOf(value) : ResolveGetText(rowText.Apply(*row), module, Search::Onward));
+            take(value, column.IsNull() ? KeyOf(value) : rowText.Apply(*row));
         }
     } catch (const RuntimeError&) {
         // The rows before stay.

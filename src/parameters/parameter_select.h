@@ -21,6 +21,7 @@ private:
     void ReadList() override;
     void ReadNewList(ModuleServices& module) override;
     void RefreshUnitForLanguage() override;
+    bool IsRuleDue(bool /*passes*/) const override { return true; }
     void CheckFurther(bool& passes, const Terms& former) override;
     void SetMyValueToDefault() override;
     void WriteByEngine(const Variant& value) override;

@@ -18,6 +18,7 @@ CREATE TABLE Enums (enumSubType TEXT, value LONG, valueText LONG);
 INSERT INTO Enums VALUES
     ('valve', 3, 13), ('valve', 1, 11), ('valve', 2, 12),
     ('own', 0, 11), ('own', NULL, 20), ('free', 5, 11), ('free', NULL, 21),
+    ('again', 1, 11), ('again', 2, 12), ('again', 2, 13), ('again', 3, 13),
     ('twin', 1, 11), ('twin', 2, 11), ('twin', 3, 13), ('Swap_Reverse', 258, 11), (NULL, NULL, 1), (NULL, NULL, 22);
 CREATE TABLE EnumsStr (enumSubType TEXT, value TEXT, valueText LONG);
 INSERT INTO EnumsStr VALUES ('unit', 'kg', 12), ('unit', 'g', 11), ('free', 'a', 11), ('free', NULL, 21);
@@ -191,6 +192,19 @@ TEST_F(ListTest, APushButtonGoesBack) {
                 ::testing::MatchesRegex("LoadActionTable\\(\\): ONERROR: Error 3075: Syntax error.* \\(7\\)\n"));
 }
 
+// In a statement's list such a row is left out; in an enumeration's it is the last one read.
+TEST_F(ListTest, AValueThatTwoRowsHaveIsListedOnce) {
+    const char16_t* statement = u"SELECT 1 + (id > 4), id FROM Sensors UNION ALL SELECT 3, 1";
+    const Cells cells = {{u"Type", u"SELECT"}, {u"subtype", statement}, {u"displayFormat", u"nr $1"}};
+    EXPECT_THAT(Logged([&] { Make(cells); }),
+                ::testing::HasSubstr("Id '7': IBase_Internal_Config(): ERROR adding ENUM-item 'nr 9' (value=2): "));
+    EXPECT_EQ(Rows(), "nr 4,nr 7,nr 1");
+    EXPECT_EQ(Logged([&] { Make(cells); }), "") << "from memory";
+    EXPECT_EQ(Rows(), "nr 4,nr 7,nr 1");
+    Make({{u"Type", u"ENUM"}, {u"subtype", u"again"}});
+    EXPECT_EQ(Rows(), "auf,zu");
+}
+
 TEST_F(ListTest, AStatementIsAListWithTextsOfItsOwn) {
     const Cells cells = {{u"Type", u"SELECT"},
                          {u"subtype", u"SELECT id, name, note FROM Sensors WHERE module = $module OR id = $value"},
@@ -210,6 +224,31 @@ TEST_F(ListTest, AStatementIsAListWithTextsOfItsOwn) {
     group->module->texts[30] = u"<gettext(30)>";
     EXPECT_LT(ResolveGetText(u"gettext(30", *group->module, Search::FromTheStart).size(), 100000u);
     EXPECT_EQ(ResolveGetText(u"a GetText(11)b gettext(13)", *group->module, Search::Onward), u"a aufb halb");
+}
+
+// The marks of its template are filled once: neither a field's own text nor a translation has any.
+TEST_F(ListTest, TheOlderSelectKnowsMarksOfTheTemplateAlone) {
+    group->module->texts[11] = u"gettext(13)";
+    const char16_t* statement = u"SELECT id, name, 'a gettext(12)' FROM Sensors WHERE id = 4";
+    const Cells cells = {{u"subtype", statement}, {u"displayFormat", u"gettext(11) gettext(12) $1 $2"}};
+    Make<ParameterSelect>(cells);
+    EXPECT_EQ(Rows(), "gettext(13) zu gettext(13) a gettext(12)");
+    Cells enumeration = cells;
+    enumeration.emplace_back(u"Type", u"SELECT");
+    Make(enumeration);
+    EXPECT_EQ(Rows(), "halb zu halb a zu") << "the newer one resolves all marks";
+}
+
+TEST_F(ListTest, TheOlderSelectAsksItsRuleInAnyCase) {
+    group->scripts["4 < 9"] = [this] {
+        events.emplace_back("rule");
+        return Variant(true);
+    };
+    const Cells cells = {{u"subtype", u"SELECT id FROM Sensors"}, {u"Min", u"5"}, {u"consistency", u"#:P() < 9"}};
+    Make<ParameterSelect>(cells);
+    EXPECT_FALSE(internal->CheckConsistency());
+    EXPECT_EQ(events,
+              (::ov::testing::Events{"rule", "A:Reconfigured", "group:Reconfigured", "A:State", "group:State"}));
 }
 
 TEST_F(ListTest, TheOlderSelectShowsOneLanguageAndReadsAnother) {

@@ -15,19 +15,20 @@ constexpr bool kIsText = std::is_same_v<std::remove_const_t<Image>, Text>;
 
 }  // namespace
 
-std::int64_t LastByte(const DeviceImage& image) noexcept {
+std::int64_t LastByte(const DeviceImage& image) {
     return std::visit(
         [](auto* bytes) {
             if constexpr (kIsText<std::remove_pointer_t<decltype(bytes)>>) {
                 return static_cast<std::int64_t>(bytes->size() / 2) - 1;
             } else {
+                if (!bytes->isRow) Raise(ErrorNumber::SubscriptOutOfRange);
                 return bytes->lower + static_cast<std::int64_t>(bytes->bytes.size()) - 1;
             }
         },
         image);
 }
 
-std::size_t BytesBehind(const DeviceImage& image, std::int32_t index) noexcept {
+std::size_t BytesBehind(const DeviceImage& image, std::int32_t index) {
     const auto* const* array = std::get_if<const ByteArray*>(&image);
     const auto* const* target = std::get_if<ByteArray*>(&image);
     const std::int32_t first = array ? (*array)->lower : target ? (*target)->lower : 0;

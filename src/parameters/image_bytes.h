@@ -10,10 +10,10 @@
 
 namespace ov {
 
-/// The number of bytes from @p index to the end of an image; 0 for a place outside it.
-std::size_t BytesBehind(const DeviceImage& image, std::int32_t index) noexcept;
-/// Index of an image's last byte; -1 for none.
-std::int64_t LastByte(const DeviceImage& image) noexcept;
+/// Index of an image's last byte; -1 for none. @throws RuntimeError 9 for an array of more than one dimension
+std::int64_t LastByte(const DeviceImage& image);
+/// The number of bytes from @p index to the end of an image; 0 for a place outside it. @throws RuntimeError 9 as above
+std::size_t BytesBehind(const DeviceImage& image, std::int32_t index);
 /// Writes bytes from @p index on. @pre image is one that is exported to
 /// @throws RuntimeError 9 at the first byte that an array does not have, 5 before the first one for a text
 void WriteBytes(const DeviceImage& image, std::int32_t index, std::span<const std::uint8_t> bytes);

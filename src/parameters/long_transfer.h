@@ -23,6 +23,7 @@ concept LongField = requires(Field& field, std::int32_t number, const Variant& v
     field.TakeFault();
     /// Logs that an operation has no conversion for a field of some bits.
     field.LogNoConversion(operation, number);
+    // May have LogNoBits(image) for a line about an import of bits that no byte has.
 };
 
 /// The four transfers by the kind of the image. What they raise is a failure of the transfer.
@@ -50,8 +51,7 @@ struct LongTransfer {
     }
 
     bool operator()(const ByteArray* source) const {
-        // A narrow field names the other operation here, too.
-        if (IsNarrow()) return TakeBits(ImportBits(*source, place), kHexImport);
+        if (IsNarrow()) return TakeBits(source);
         std::optional<std::int32_t> pattern;
         if (!ImportByteArray(*source, pattern, place)) {
             field.TakeFault();
@@ -61,7 +61,7 @@ struct LongTransfer {
     }
 
     bool operator()(const Text* source) const {
-        if (IsNarrow()) return TakeBits(ImportBits(*source, place), kHexImport);
+        if (IsNarrow()) return TakeBits(source);
         if (place.width > 8 && place.width < 16) return TakeBitString(*source);
         const std::int32_t count = place.width / kBitsOfDigit;
         Text digits = ReadDigits(*source, place.index, count);
@@ -88,8 +88,12 @@ private:
         }
     }
 
-    bool TakeBits(std::optional<std::int32_t> pattern, const char16_t* operation) const {
-        return pattern && Take(*pattern, operation);
+    template <class Image>
+    bool TakeBits(const Image* source) const {
+        const std::optional<std::int32_t> pattern = ImportBits(*source, place);
+        if (pattern) return Take(*pattern, kHexImport);  // the name is that of a text's import even for an array
+        if constexpr (requires { field.LogNoBits(source); }) field.LogNoBits(source);
+        return false;
     }
 
     bool Take(std::int32_t pattern, const char16_t* operation) const {

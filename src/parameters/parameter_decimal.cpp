@@ -1,8 +1,14 @@
 #include "parameters/parameter_decimal.h"
 
+#include <limits>
+#include <span>
+#include <vector>
+
 #include "parameters/bit_conversions.h"
 #include "parameters/integer_type.h"
+#include "platform/automation/conversions.h"
 #include "platform/conversion/byte_copy.h"
+#include "platform/conversion/number_bytes.h"
 #include "support/diagnostics.h"
 
 namespace ov {
@@ -11,9 +17,13 @@ namespace {
 
 constexpr std::int32_t kWidest = 64;
 
-// The lowest bits of a pattern, which is all that a narrow field takes.
+// The lowest bits of a pattern, which is all that a narrow field takes: of a Long as it rounds, of what is beyond it
+// the whole part's. @throws RuntimeError 6 below a Long, 42 beyond 64 bits
 std::int32_t LowBits(const Decimal& pattern) {
-    return static_cast<std::int32_t>(static_cast<std::uint32_t>(pattern.Fix().Normalized().Low()));
+    if (pattern <= Decimal(std::numeric_limits<std::int32_t>::max())) return ToLong(pattern);
+    ByteArray bytes{std::vector<std::uint8_t>(kMostBytes)};
+    Dec2ByteArray(bytes, 0, kMostBytes, pattern, eByteOrder::eLittleEndian);
+    return static_cast<std::int32_t>(Bytes2Long(std::span(bytes.bytes).first(sizeof(std::int32_t))));
 }
 
 }  // namespace

@@ -29,6 +29,7 @@ public:
     void TakeNumber(const Variant& number) { let_realvalue(number); }
     void TakeFault() { WriteState(eParameterValueExt::eParamValueExtErrorSettingValue); }
     void LogNoConversion(const char16_t*, std::int32_t) {}  // any field has a number here
+    void LogNoBits(const DeviceImage& image);
 
 private:
     enum class Sign : std::uint8_t { Signed, Unsigned, Ieee };

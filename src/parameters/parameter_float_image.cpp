@@ -89,6 +89,10 @@ bool ParameterFloat::TakeNaN(std::int32_t bits, const DeviceImage& image) {
     return true;
 }
 
+void ParameterFloat::LogNoBits(const DeviceImage& image) {
+    if (DebugOutput()) LogWithId(OperationName(image) + Text(u"(): ERROR: mObjConvertOneByte.Byte2Byte() failed"));
+}
+
 // The bits of a negative number are cut to the field by the transfer, so no width is too narrow for it.
 std::optional<std::int32_t> ParameterFloat::Pattern() {
     return ToLong(get_realvalue());

@@ -107,7 +107,10 @@ TEST_F(MemoryMapTest, ExportsToBytes) {
         // Decimal: any width up to 64, no field across a byte's border.
         "u64 18446744073709551615 0,0,0,1 0000000000000000 -> 1 FFFFFFFFFFFFFFFF; u40 4660 0,0,0,1 0000000000 -> 1 "
         "0000001234; s40 -2 0,0,0,0 0000000000 -> 1 FEFFFFFFFF; u32 4660 0,12,0,0 0000 -> 1 3400; "
-        "u32 4294967295 0,4,6,0 0000 -> 1 C000; u32 5 0,4,2,0 00 -> 1 14; u32 1 0,0,0,2 00000000 -> 0 00000000; "
+        "u32 4294967295 0,4,6,0 0000 -> 1 C000; u32 2.5 0,4,0,0 00 -> 1 02; u32 3.5 0,4,0,0 00 -> 1 04; "
+        "u32 -3 0,4,0,0 00 -> 1 0D; s33 -2.5 0,3,1,0 00 -> 1 0A; u32 -2147483649 0,4,0,0 00 -> 0 00; "
+        "u40 4294967302.9 0,4,0,0 00 -> 1 06; u64 18446744073709551616 0,4,0,0 00 -> 0 00; u32 5 0,4,2,0 00 -> 1 14; "
+        "u32 1 0,0,0,2 00000000 -> 0 00000000; "
         "u32 -1 0,0,0,0 00000000 -> 0 00000000; u32 1 0,0,0,0 0000 -> 0 0100; u64 1 0,72,0,0 000000000000000000 -> 0 "
         "010000000000000000",
         [this](const Text& line) { return Exported(line, false); });
@@ -129,7 +132,7 @@ TEST_F(MemoryMapTest, ExportsToHex) {
         "7FA00000; f32 1 0,0,0,2 00000000 -> 0 00000000; f32reverseMapping 1 0,0,0,1 00000000 -> 1 3F800000; "
         "float:s16 -2 0,0,0,1 0000 -> 1 FFFE; u64 18446744073709551615 0,0,0,0 0000000000000000 -> 1 FFFFFFFFFFFFFFFF; "
         "s40 -2 0,0,0,0 0000000000 -> 1 FEFFFFFFFF; u32 4660 0,12,0,1 0000 -> 1 2340; u32 1 0,0,0,2 00000000 -> 0 "
-        "00000000; u32 15 0,4,6,0 0000 -> 1 C003",
+        "00000000; u32 15 0,4,6,0 0000 -> 1 C003; u32 -1.5 0,4,6,0 0000 -> 1 8003",
         [this](const Text& line) { return Exported(line, true); });
 }
 
@@ -177,6 +180,28 @@ TEST_F(MemoryMapTest, WhatIsLeftOutIsZeroAndTheBoundsAreTheArraysOwn) {
     EXPECT_FALSE(spec->ExportToByteArrayMapByMemory(image, -2, {}, {}, {}));
     EXPECT_TRUE(spec->ImportFromByteArrayMapByMemory(image, -1, {}, {}, {}));
     EXPECT_EQ(Describe(spec->get_value()), "Long 13312");
+}
+
+// No index is in an array of two dimensions, and no end.
+TEST_F(MemoryMapTest, AnArrayOfTwoDimensionsIsNoImage) {
+    constexpr std::array kBounds = {ArrayBound{0, 4}, ArrayBound{0, 4}};
+    for (const auto& [type, subtype] : {std::pair{u"INT", u"u16"},
+                                        {u"INT", u"u40"},
+                                        {u"FLOAT", u"f32"},
+                                        {u"ENUM", u""},
+                                        {u"STRING", u""},
+                                        {u"ENUMSTR", u""}}) {
+        Take(MakeParameter(type, subtype), {{u"subtype", subtype}});
+        for (const VarType element : {VarType::Byte, VarType::Empty}) {
+            for (const auto* operation : {u"ImportFromByteArrayMapByMemory", u"ExportToByteArrayMapByMemory"}) {
+                std::array<Variant, 1> image{Array(element, kBounds)};
+                Arguments arguments{image};
+                IDispatch& object = *spec;
+                EXPECT_EQ(Describe(object.Invoke(object.GetIDsOfNames(operation), CallKind::Call, arguments)), "False");
+                EXPECT_EQ(image[0].AsArray().Rank(), 2u) << Text(type).ToUtf8();
+            }
+        }
+    }
 }
 
 // The parts of an image are in the device view; an import counts as a write by the engine.
@@ -236,6 +261,10 @@ TEST_F(MemoryMapTest, Logs) {
     EXPECT_EQ(Logged([&] { Import(Text(u"FF800000")); }),
               "(ParamId 7) " + hexImport + "This is an NAN (not-a-number)\n");
     EXPECT_EQ(Logged([&] { Import(Text(u"FF80")); }), "(ParamId 7) " + hexImport + "ERROR: no stream data\n");
+    bits = -2;
+    const std::string noBits = "ERROR: mObjConvertOneByte.Byte2Byte() failed\n";
+    EXPECT_EQ(Logged([&] { Import(one); }), "(ParamId 7) " + import + noBits);
+    EXPECT_EQ(Logged([&] { Import(text); }), "(ParamId 7) " + hexImport + noBits);
 
     // A signed width that no row of the class has, left by a configuration that failed half way.
     Make("s8");

@@ -96,6 +96,7 @@ static_assert(sizeof(Array) == 8);
 struct ByteArray {
     std::vector<std::uint8_t> bytes;
     std::int32_t lower = 0;
+    bool isRow = true;  ///< false for an array of more dimensions, which has no byte at any index and no end
 };
 
 }  // namespace ov

@@ -7,7 +7,7 @@ ByteArray Marshal<ByteArray>::From(const Variant& value) {
     if (!value.IsArray()) Raise(ErrorNumber::TypeMismatch);
     const Array& array = value.AsArray();
     if (!array.IsAllocated()) return {};
-    if (array.Rank() != 1) Raise(ErrorNumber::TypeMismatch);
+    if (array.Rank() != 1) return {{}, 0, false};
     ByteArray result;
     result.lower = array.LowerBound(1);
     if (array.ElementType() == VarType::Byte) {
@@ -30,6 +30,7 @@ void Marshal<ByteArray>::WriteBack(Variant& target, ByteArray value) {
         if (!value.bytes.empty()) target = To(std::move(value));
         return;
     }
+    if (!value.isRow) return;
     const VarType element = target.AsArray().ElementType();
     Array array;
     if (element == VarType::Byte) {

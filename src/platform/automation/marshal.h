@@ -87,11 +87,12 @@ struct Marshal<T> {
 
 template <>
 struct Marshal<ByteArray> {
-    /// An array of any numbers, in its own bounds; never allocated is empty. @throws RuntimeError 13 for no array.
+    /// An array of any numbers, in its own bounds; never allocated is empty, and one of more dimensions no row.
+    /// @throws RuntimeError 13 for no array.
     static ByteArray From(const Variant& value);
     static Variant To(ByteArray value);
     /// The bytes in the kind of array that @p target is: one of Variants stays one of Variants, a fixed one fixed; one
-    /// that was never allocated stays so if there are no bytes.
+    /// that was never allocated stays so if there are no bytes, one of more dimensions stays as it is.
     static void WriteBack(Variant& target, ByteArray value);
 };
 

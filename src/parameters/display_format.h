@@ -1,5 +1,5 @@
 /// @file
-/// The column `displayFormat` of the classes of whole numbers.
+/// The column `displayFormat` of the classes of numbers.
 #pragma once
 
 #include <cstdint>
@@ -9,7 +9,7 @@
 
 namespace ov {
 
-/// How a number reads as text. The values are those of the field `mDisplayKind`.
+/// How a number reads as text. The values are those of the field `mDisplayKind` of whole numbers.
 enum class DisplayKind : std::uint8_t {
     Picture = 0,     ///< the column is a picture of the platform's number format; the plain number if it is Null
     Hex = 1,         ///< upper case, filled with zeros to the digits

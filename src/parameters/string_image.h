@@ -22,14 +22,14 @@ Text BytesToCharacters(std::span<const std::uint8_t> bytes);
 std::int32_t StringImageWidth(StringKind kind, const Text& value);
 /// Whether a field of @p width bits, a multiple of 8, can hold the kind.
 bool IsStringImageWidth(StringKind kind, std::int32_t width) noexcept;
-/// The word for the kind in the log line about a width that it cannot have; "" for kinds that have any.
+/// The word in the log line about a width that the kind cannot have, which is another kind's for some.
 const char16_t* WidthComplaint(StringKind kind) noexcept;
 
 /// The bytes that an export writes, @p size of them unless the kind has a size of its own.
 /// @throws RuntimeError for a text that is not of the kind
 std::vector<std::uint8_t> StringToImage(StringKind kind, const Text& value, std::size_t size);
-/// The text that the bytes of a field are, less trailing blanks.
-/// @pre bytes has as many as the kind needs @throws RuntimeError for what is no date
+/// The text that the bytes of a field are; characters without trailing blanks. Days and months beyond the calendar's
+/// carry. @pre bytes has as many as the kind needs
 Text StringFromImage(StringKind kind, std::span<const std::uint8_t> bytes);
 /// Bytes that an export writes into a field of @p size bytes.
 std::size_t StringImageSize(StringKind kind, std::size_t size) noexcept;

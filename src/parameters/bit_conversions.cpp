@@ -7,10 +7,11 @@
 #include <string>
 #include <string_view>
 
-#include "parameters/memory_map.h"
+#include "parameters/array_bytes.h"
 #include "platform/automation/conversions.h"
 #include "platform/automation/errors.h"
 #include "platform/automation/rounding.h"
+#include "platform/conversion/hex_digits.h"
 
 namespace ov {
 
@@ -134,9 +135,8 @@ void ReverseHexBytes(Text& text) {
 }
 
 Text WordToHex(std::uint16_t word, eByteOrder order) {
-    constexpr std::u16string_view kDigits = u"0123456789ABCDEF";
     if (order != eByteOrder::eLittleEndian && order != eByteOrder::eBigEndian) return {};
-    const auto digit = [&](int place) { return kDigits[(word >> (4 * place)) & 0xF]; };
+    const auto digit = [&](int place) { return HexDigit(unsigned{word} >> (4 * place)); };
     const std::array<char16_t, 4> big = {digit(3), digit(2), digit(1), digit(0)};
     const std::array<char16_t, 4> little = {digit(1), digit(0), digit(3), digit(2)};
     const auto& chosen = order == eByteOrder::eBigEndian ? big : little;

@@ -5,6 +5,7 @@
 
 #include "parameters/memory_map.h"
 #include "platform/automation/errors.h"
+#include "platform/conversion/hex_digits.h"
 
 namespace ov {
 
@@ -48,11 +49,10 @@ void WriteBytes(const DeviceImage& image, std::int32_t index, std::span<const st
             ByteAt(**array, at++) = byte;
         }
     } else if (!bytes.empty()) {
-        constexpr std::u16string_view kDigits = u"0123456789ABCDEF";
         std::u16string digits;
         for (const std::uint8_t byte : bytes) {
-            digits += kDigits[byte >> 4];
-            digits += kDigits[byte & 0x0F];
+            digits += HexDigit(byte >> 4u);
+            digits += HexDigit(byte);
         }
         WriteDigits(*std::get<Text*>(image), index, digits);
     }

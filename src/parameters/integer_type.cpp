@@ -2,10 +2,11 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
+#include <string_view>
 
 #include "parameters/bit_conversions.h"
 #include "platform/automation/conversions.h"
+#include "platform/conversion/hex_digits.h"
 
 namespace ov {
 
@@ -14,11 +15,15 @@ std::int32_t IntegerType<std::int32_t>::PatternOf(const Text& digits) {
 }
 
 Text IntegerType<std::int32_t>::DigitsOf(std::int32_t pattern) {
-    std::array<char, 8> digits;
-    char* const end =
-        std::to_chars(digits.data(), digits.data() + digits.size(), static_cast<std::uint32_t>(pattern), 16).ptr;
-    std::for_each(digits.data(), end, [](char& c) { c = c >= 'a' ? static_cast<char>(c - 'a' + 'A') : c; });
-    return Text::FromAscii({digits.data(), end});
+    constexpr int kBitsOfDigit = 4;
+    std::array<char16_t, 8> digits;
+    std::size_t first = digits.size();
+    auto rest = static_cast<std::uint32_t>(pattern);
+    do {
+        digits[--first] = HexDigit(rest);
+        rest >>= kBitsOfDigit;
+    } while (rest != 0);
+    return std::u16string_view(digits.data() + first, digits.size() - first);
 }
 
 std::int32_t IntegerType<std::int32_t>::ToSigned(std::int32_t pattern, std::int32_t width) {

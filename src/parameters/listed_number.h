@@ -19,9 +19,6 @@ public:
     // Its ways as a LongField.
     std::optional<std::int32_t> Pattern();
     bool TakePattern(std::int32_t pattern);
-    void TakeNumber(const Variant& number) { let_realvalue(number); }
-    void TakeFault() { TakeImportFault(); }
-    void LogNoConversion(const char16_t*, std::int32_t) {}  // there is one for every width
 
 protected:
     ListedNumber() = default;
@@ -46,8 +43,6 @@ protected:
 
     /// Whether the byte order of the device image is turned round.
     virtual bool IsReversed() const { return false; }
-    /// What a failed import leaves.
-    virtual void TakeImportFault() { WriteState(eParameterValueExt::eParamValueExtErrorSettingValue); }
 };
 
 }  // namespace ov

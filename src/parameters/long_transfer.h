@@ -12,18 +12,15 @@ namespace ov {
 
 /// What the rules of whole numbers ask of a class that holds or moves them as a Long.
 template <class Field>
-concept LongField = requires(Field& field, std::int32_t number, const Variant& value, const char16_t* operation) {
+concept LongField = requires(Field& field, std::int32_t number, const Variant& value) {
     /// The bits to be written; nullopt where the class has none for its width and sign.
     { field.Pattern() } -> std::same_as<std::optional<std::int32_t>>;
     /// Takes the bits that were read. False where the class has no number for them.
     { field.TakePattern(number) } -> std::same_as<bool>;
-    /// Takes a number as it is.
-    field.TakeNumber(value);
-    /// Takes the state of a failed import.
-    field.TakeFault();
-    /// Logs that an operation has no conversion for a field of some bits.
-    field.LogNoConversion(operation, number);
-    // May have LogNoBits(image) for a line about an import of bits that no byte has.
+    field.let_realvalue(value);
+    field.TakeImportFault();
+    // May have LogNoConversion(operation, width) for a line about a field that Pattern or TakePattern has nothing for,
+    // and LogNoBits(image) for one about an import of bits that no byte has.
 };
 
 /// The four transfers by the kind of the image. What they raise is a failure of the transfer.
@@ -36,14 +33,14 @@ struct LongTransfer {
         if (place.width <= 0) return false;
         const std::optional<std::int32_t> pattern = field.Pattern();
         // A narrow field names the other operation, on purpose.
-        if (!pattern) field.LogNoConversion(IsNarrow() ? kHexExport : kByteExport, place.width);
+        if (!pattern) LogNoConversion(IsNarrow() ? kHexExport : kByteExport);
         return IsNarrow() ? ExportBits(*target, pattern.value_or(0), place)
                           : ExportByteArray(*target, pattern.value_or(0), place);
     }
 
     bool operator()(Text* target) const {
         const std::optional<std::int32_t> pattern = field.Pattern();
-        if (!pattern) field.LogNoConversion(kHexExport, place.width);
+        if (!pattern) LogNoConversion(kHexExport);
         if (IsNarrow()) return ExportBits(*target, pattern.value_or(0), place);
         if (!pattern) return true;  // done, with nothing written
         WriteDigits(*target, place.index, LongToHexInOrder(*pattern, place.order, place.width / kBitsOfDigit));
@@ -54,7 +51,7 @@ struct LongTransfer {
         if (IsNarrow()) return TakeBits(source);
         std::optional<std::int32_t> pattern;
         if (!ImportByteArray(*source, pattern, place)) {
-            field.TakeFault();
+            field.TakeImportFault();
             return false;
         }
         return !pattern || Take(*pattern, kByteImport);
@@ -66,7 +63,7 @@ struct LongTransfer {
         const std::int32_t count = place.width / kBitsOfDigit;
         Text digits = ReadDigits(*source, place.index, count);
         if (digits.size() < static_cast<std::size_t>(count)) {
-            field.TakeFault();
+            field.TakeImportFault();
             return false;
         }
         // Middle endian is taken for big endian.
@@ -80,10 +77,10 @@ private:
     // The one way in that counts bits from the top, knows no order and no sign.
     bool TakeBitString(const Text& source) const {
         try {
-            field.TakeNumber(BitStringField(source, place));
+            field.let_realvalue(BitStringField(source, place));
             return true;
         } catch (const RuntimeError&) {
-            field.TakeFault();
+            field.TakeImportFault();
             return false;
         }
     }
@@ -98,9 +95,15 @@ private:
 
     bool Take(std::int32_t pattern, const char16_t* operation) const {
         if (field.TakePattern(pattern)) return true;
-        field.LogNoConversion(operation, place.width);
-        field.TakeFault();
+        LogNoConversion(operation);
+        field.TakeImportFault();
         return false;
+    }
+
+    void LogNoConversion(const char16_t* operation) const {
+        if constexpr (requires { field.LogNoConversion(operation, place.width); }) {
+            field.LogNoConversion(operation, place.width);
+        }
     }
 };
 

@@ -9,6 +9,7 @@
 #include "parameters/bit_conversions.h"
 #include "parameters/integer_type.h"
 #include "platform/automation/conversions.h"
+#include "platform/conversion/hex_digits.h"
 #include "support/diagnostics.h"
 
 namespace ov {
@@ -30,17 +31,8 @@ std::size_t StartOfByte(std::int64_t index) {
     return static_cast<std::size_t>(position - 1);
 }
 
-// The digit's value, or -1.
-int DigitValue(char16_t c) noexcept {
-    if (c >= u'0' && c <= u'9') return c - u'0';
-    if (c >= u'A' && c <= u'F') return c - u'A' + 10;
-    if (c >= u'a' && c <= u'f') return c - u'a' + 10;
-    return -1;
-}
-
 std::array<char16_t, 2> ByteToHex(std::uint8_t byte) noexcept {
-    constexpr std::u16string_view kDigits = u"0123456789ABCDEF";
-    return {kDigits[byte >> kBitsOfDigit], kDigits[byte & 0xF]};
+    return {HexDigit(unsigned{byte} >> kBitsOfDigit), HexDigit(byte)};
 }
 
 }  // namespace
@@ -55,7 +47,7 @@ std::uint8_t PeekByte(const Text& image, std::int64_t index) noexcept {
     if (start < 0 || start >= static_cast<std::int64_t>(image.size())) return 0;
     int byte = 0;
     for (const char16_t c : image.view().substr(static_cast<std::size_t>(start), kDigitsOfByte)) {
-        const int digit = DigitValue(c);
+        const int digit = HexValue(c);
         if (digit < 0) return 0;
         byte = byte << kBitsOfDigit | digit;
     }
@@ -103,7 +95,7 @@ Currency BitStringField(const Text& image, const FieldPlace& place) {
     std::int32_t number = 0;
     for (std::int64_t i = first; i < end; ++i) {
         const std::int64_t at = i / kBitsOfDigit;
-        const int digit = at < digits ? DigitValue(image[static_cast<std::size_t>(at)]) : 0;
+        const int digit = at < digits ? HexValue(image[static_cast<std::size_t>(at)]) : 0;
         const int shift = static_cast<int>(kBitsOfDigit - 1 - i % kBitsOfDigit);
         number = number * 2 + (std::max(digit, 0) >> shift & 1);
     }
@@ -116,15 +108,6 @@ bool RefuseWidth(std::u16string_view operation, std::int32_t width) {
                                   Text::FromInteger(width));
     }
     return false;
-}
-
-void WriteByByte(ByteArray& target, std::uint64_t pattern, std::int32_t first, std::int32_t count, eByteOrder order) {
-    const bool isBig = order == eByteOrder::eBigEndian;
-    for (std::int32_t i = 0; i < count; ++i) {
-        if (i == kMostBytes) Raise(ErrorNumber::SubscriptOutOfRange);
-        const std::int64_t index = std::int64_t{first} + (isBig ? std::int64_t{count} - 1 - i : i);
-        ByteAt(target, index) = static_cast<std::uint8_t>(pattern >> (kBitsOfByte * i));
-    }
 }
 
 bool ExportBits(Text& target, std::int32_t pattern, const FieldPlace& place) {

@@ -9,17 +9,15 @@
 #include <cstdint>
 #include <optional>
 
+#include "parameters/array_bytes.h"
 #include "parameters/device_image.h"
 #include "platform/automation/errors.h"
 #include "platform/automation/variant.h"
 #include "platform/conversion/byte_copy.h"
-#include "platform/conversion/number_bytes.h"
 
 namespace ov {
 
-constexpr std::int32_t kBitsOfByte = 8;
 constexpr std::int32_t kBitsOfDigit = 4;
-constexpr std::int32_t kMostBytes = 8;  ///< of a number
 
 /// The place of a field, all defaults applied.
 struct FieldPlace {
@@ -64,55 +62,15 @@ constexpr const char16_t* kHexImport = u"IBase_SpecParameter_ImportFromHexString
 /// The operation on @p image as log lines name it, with "(): ERROR: " or the like still to follow.
 const char16_t* OperationName(const DeviceImage& image) noexcept;
 
-// The bytes of an image.
+// The digits of a text.
 
-/// @throws RuntimeError 9 for an index that the array does not have
-template <class Bytes>
-auto& ByteAt(Bytes& image, std::int64_t index) {
-    const auto position = static_cast<std::uint64_t>(index - image.lower);
-    if (position >= image.bytes.size()) Raise(ErrorNumber::SubscriptOutOfRange);
-    return image.bytes[position];
-}
-/// The byte, or 0 where there is none. Of a text the number that the two digits are, the last one alone if there is no
-/// second one.
-inline std::uint8_t PeekByte(const ByteArray& image, std::int64_t index) noexcept {
-    const auto position = static_cast<std::uint64_t>(index - image.lower);
-    return position < image.bytes.size() ? image.bytes[position] : std::uint8_t{0};
-}
+/// The number that the two digits of a byte are, the last one alone if there is no second one; 0 where there is none.
 std::uint8_t PeekByte(const Text& image, std::int64_t index) noexcept;
 /// Writes upper-case digits from byte @p index on. @throws RuntimeError 5 if they would not all lie in the text, 6 for
 /// a position beyond a Long
 void WriteDigits(Text& image, std::int64_t index, std::u16string_view digits);
 /// The @p count digits from byte @p index on, fewer at the end of the text. @throws RuntimeError 5, 6 as above
 Text ReadDigits(const Text& image, std::int64_t index, std::int32_t count);
-
-// Fields of @p count whole bytes in an array, from index @p first on. Every order but big endian is little endian.
-
-/// Writes the lowest bits of @p pattern, the least significant byte first, at whichever end it stands, and up to the
-/// one that is not there or is beyond the eighth. @throws RuntimeError 9 there
-void WriteByByte(ByteArray& target, std::uint64_t pattern, std::int32_t first, std::int32_t count, eByteOrder order);
-inline void WritePattern(ByteArray& target, std::uint64_t pattern, std::int32_t first, std::int32_t count,
-                         eByteOrder order) {
-    const auto position = static_cast<std::uint64_t>(std::int64_t{first} - target.lower);
-    const auto size = static_cast<std::size_t>(count);
-    if (size - 1 >= kMostBytes || position >= target.bytes.size() || size > target.bytes.size() - position) {
-        WriteByByte(target, pattern, first, count, order);
-    } else {
-        if (order == eByteOrder::eBigEndian) pattern = ReverseBytes(pattern, size);
-        Long2Bytes(pattern, {target.bytes.data() + position, size});
-    }
-}
-/// @pre count <= kMostBytes @throws RuntimeError 9 unless the array has all bytes
-inline std::uint64_t ReadPattern(const ByteArray& source, std::int32_t first, std::int32_t count, eByteOrder order) {
-    if (count <= 0) return 0;
-    const auto position = static_cast<std::uint64_t>(std::int64_t{first} - source.lower);
-    const auto size = static_cast<std::size_t>(count);
-    if (position >= source.bytes.size() || size > source.bytes.size() - position) {
-        Raise(ErrorNumber::SubscriptOutOfRange);
-    }
-    const std::uint64_t pattern = Bytes2Long({source.bytes.data() + position, size});
-    return order == eByteOrder::eBigEndian ? ReverseBytes(pattern, size) : pattern;
-}
 
 // The routines of `Mmapping`.
 

@@ -117,6 +117,9 @@ public:
     void Unload() override;
     Variant CheckNeedForReConfig() override { return false; }
 
+    /// What an import that failed leaves.
+    virtual void TakeImportFault() { WriteState(eParameterValueExt::eParamValueExtErrorSettingValue); }
+
 protected:
     Parameter() : mDependency(MakeObject<ParamDependency>()) {}
     ~Parameter() = default;

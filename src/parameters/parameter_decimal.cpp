@@ -56,7 +56,8 @@ bool ParameterDecimal::Move(const ByteArray& source, const FieldPlace& place) {
                 (u"(): ERROR: bitlength>=8 and other than 8, 16, 24, 32, 40, 48, 56, 64: BitLen=" +
                  Text::FromInteger(place.width)));
         }
-        return TakeFault();
+        TakeImportFault();
+        return false;
     }
     return TakePattern(ByteArray2Dec(source, place.index, place.width / kBitsOfByte, place.order));
 }
@@ -68,7 +69,10 @@ bool ParameterDecimal::Move(const Text& source, const FieldPlace& place) {
     }
     const std::int32_t count = place.width / kBitsOfDigit;
     const Text digits = ReadDigits(source, place.index, count);
-    if (digits.size() < static_cast<std::size_t>(count)) return TakeFault();
+    if (digits.size() < static_cast<std::size_t>(count)) {
+        TakeImportFault();
+        return false;
+    }
     return TakePattern(Hex2Dec(digits, place.order));
 }
 
@@ -80,11 +84,6 @@ Decimal ParameterDecimal::Pattern() {
 bool ParameterDecimal::TakePattern(const Decimal& pattern) {
     TakeDeviceNumber(mUnsigned ? pattern : Unsigned2Signed(pattern, mBitLen));
     return true;
-}
-
-bool ParameterDecimal::TakeFault() {
-    WriteState(eParameterValueExt::eParamValueExtErrorSettingValue);
-    return false;
 }
 
 template class ImageTransfers<ParameterDecimal, IntegerParameter<Decimal>>;

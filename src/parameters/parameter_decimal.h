@@ -29,7 +29,6 @@ private:
 
     Decimal Pattern();
     bool TakePattern(const Decimal& pattern);
-    bool TakeFault();
 };
 
 extern template class ImageTransfers<ParameterDecimal, IntegerParameter<Decimal>>;

@@ -45,7 +45,7 @@ bool ParameterEnumS::MoveValue(const DeviceImage& image, const ImagePlace& place
     const FieldPlace field = PlaceField(place, kBitsOfByte, false);
     if (field.width % kBitsOfByte != 0) {
         if (DebugOutput()) Log(ListWidthFault(image, field.width));
-        if (IsImport(image)) WriteState(eParameterValueExt::eParamValueExtErrorSettingValue);
+        if (IsImport(image)) TakeImportFault();
         return false;
     }
     const auto size = static_cast<std::size_t>(std::max(field.width, 0) / kBitsOfByte);

@@ -26,9 +26,6 @@ public:
     // Its ways as a LongField, where it is no IEEE single.
     std::optional<std::int32_t> Pattern();
     bool TakePattern(std::int32_t pattern);
-    void TakeNumber(const Variant& number) { let_realvalue(number); }
-    void TakeFault() { WriteState(eParameterValueExt::eParamValueExtErrorSettingValue); }
-    void LogNoConversion(const char16_t*, std::int32_t) {}  // any field has a number here
     void LogNoBits(const DeviceImage& image);
 
 private:
@@ -56,9 +53,7 @@ private:
     bool MoveSingle(Text* target, const FieldPlace& place);
     bool MoveSingle(const ByteArray* source, const FieldPlace& place);
     bool MoveSingle(const Text* source, const FieldPlace& place);
-    void TakeSingle(float number);
-    /// Takes the bits of a single if they are no number; True if they are none.
-    bool TakeNaN(std::int32_t bits, const DeviceImage& image);
+    void TakeSingle(std::int32_t bits, const DeviceImage& image);
 
     std::int32_t mBitLen = 0;
     Sign mSign = Sign::Ieee;

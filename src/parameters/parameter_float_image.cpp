@@ -57,7 +57,7 @@ bool ParameterFloat::MoveSingle(Text* target, const FieldPlace& place) {
 
 bool ParameterFloat::MoveSingle(const ByteArray* source, const FieldPlace& place) {
     const auto bits = static_cast<std::int32_t>(ReadPattern(*source, place.index, kBytesOfSingle, place.order));
-    if (!TakeNaN(bits, source)) TakeSingle(std::bit_cast<float>(bits));
+    TakeSingle(bits, source);
     return true;
 }
 
@@ -65,28 +65,25 @@ bool ParameterFloat::MoveSingle(const Text* source, const FieldPlace& place) {
     Text digits = ReadDigits(*source, place.index, kDigitsOfSingle);
     if (digits.size() < kDigitsOfSingle) {
         if (DebugOutput()) LogWithId(Text(kHexImport) + u"(): ERROR: no stream data");
-        TakeFault();
+        TakeImportFault();
         return false;
     }
     if (place.order == eByteOrder::eLittleEndian) ReverseHexBytes(digits);
-    const std::int32_t bits = IntegerType<std::int32_t>::PatternOf(digits);
-    if (!TakeNaN(bits, source)) TakeSingle(Long2Float(bits));
+    TakeSingle(IntegerType<std::int32_t>::PatternOf(digits), source);
     return true;
 }
 
-void ParameterFloat::TakeSingle(float number) {
-    if (mRound) {
-        let_realvalue(static_cast<double>(number));
+// What has all bits of the exponent set, infinity too, is no number.
+void ParameterFloat::TakeSingle(std::int32_t bits, const DeviceImage& image) {
+    const double number = static_cast<double>(std::bit_cast<float>(bits));
+    if ((bits & kExponent) == kExponent) {
+        if (DebugOutput()) LogWithId(OperationName(image) + Text(u"(): This is an NAN (not-a-number)"));
+        WriteState(eParameterValueExt::eParamValueExtNaN);
+    } else if (mRound) {
+        let_realvalue(number);
     } else {
-        TakeDeviceNumber(static_cast<double>(number));
+        TakeDeviceNumber(number);
     }
-}
-
-bool ParameterFloat::TakeNaN(std::int32_t bits, const DeviceImage& image) {
-    if ((bits & kExponent) != kExponent) return false;
-    if (DebugOutput()) LogWithId(OperationName(image) + Text(u"(): This is an NAN (not-a-number)"));
-    WriteState(eParameterValueExt::eParamValueExtNaN);
-    return true;
 }
 
 void ParameterFloat::LogNoBits(const DeviceImage& image) {

@@ -21,8 +21,6 @@ public:
     // Its ways as a LongField.
     std::optional<std::int32_t> Pattern();
     bool TakePattern(std::int32_t pattern);
-    void TakeNumber(const Variant& number) { let_realvalue(number); }
-    void TakeFault() { WriteState(eParameterValueExt::eParamValueExtErrorSettingValue); }
     void LogNoConversion(const char16_t* operation, std::int32_t width);
 
 private:

@@ -157,7 +157,7 @@ bool ParameterString::Import(const DeviceImage& image, const ImagePlace& asked, 
     if (!wholeBytes || !IsStringImageWidth(mSubtypeKind, width)) {
         const bool isDate = mSubtypeKind == StringKind::HartDate;
         LogWidth(image, width, !wholeBytes ? nullptr : isDate ? u"HartDate" : u"version4_4");
-        WriteState(eParameterValueExt::eParamValueExtErrorSettingValue);
+        TakeImportFault();
         return false;
     }
     const auto size = static_cast<std::size_t>(std::max(width, 0) / kBitsOfByte);

@@ -4,6 +4,7 @@
 
 #include "platform/automation/conversions.h"
 #include "platform/automation/errors.h"
+#include "platform/conversion/hex_digits.h"
 #include "platform/conversion/packed_ascii.h"
 #include "platform/format/format.h"
 #include "platform/locale/code_page.h"
@@ -78,11 +79,10 @@ Text VersionText(StringKind kind, std::span<const std::uint8_t> bytes) {
     }
 }
 
-std::uint8_t HexDigit(char16_t c) {
-    if (c >= u'0' && c <= u'9') return static_cast<std::uint8_t>(c - u'0');
-    const char16_t letter = FoldCase(c);
-    if (letter < u'a' || letter > u'f') Raise(ErrorNumber::TypeMismatch);
-    return static_cast<std::uint8_t>(letter - u'a' + 10);
+std::uint8_t DigitOf(char16_t c) {
+    const int value = HexValue(c);
+    if (value < 0) Raise(ErrorNumber::TypeMismatch);
+    return static_cast<std::uint8_t>(value);
 }
 
 // Pairs of digits; a last digit by itself is a byte too.
@@ -90,8 +90,8 @@ Bytes StreamBytes(const Text& value, std::size_t size, bool lastFirst) {
     Bytes bytes;
     bytes.reserve(value.size() / 2 + 1);
     for (std::size_t at = 0; at < value.size(); at += 2) {
-        const std::uint8_t high = HexDigit(value[at]);
-        bytes.push_back(at + 1 < value.size() ? static_cast<std::uint8_t>(high << 4 | HexDigit(value[at + 1])) : high);
+        const std::uint8_t high = DigitOf(value[at]);
+        bytes.push_back(at + 1 < value.size() ? static_cast<std::uint8_t>(high << 4 | DigitOf(value[at + 1])) : high);
     }
     if (lastFirst) std::ranges::reverse(bytes);
     bytes.resize(size);
@@ -99,13 +99,12 @@ Bytes StreamBytes(const Text& value, std::size_t size, bool lastFirst) {
 }
 
 Text StreamText(std::span<const std::uint8_t> bytes, bool lastFirst) {
-    constexpr std::u16string_view kDigits = u"0123456789ABCDEF";
     char16_t* to = nullptr;
     Text text = Text::ForOverwrite(bytes.size() * 2, to);
     for (std::size_t at = 0; at < bytes.size(); ++at) {
         const std::uint8_t byte = bytes[lastFirst ? bytes.size() - 1 - at : at];
-        *to++ = kDigits[byte >> 4];
-        *to++ = kDigits[byte & 0x0F];
+        *to++ = HexDigit(byte >> 4u);
+        *to++ = HexDigit(byte);
     }
     return text;
 }

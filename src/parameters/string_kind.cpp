@@ -6,6 +6,7 @@
 
 #include "platform/automation/conversions.h"
 #include "platform/automation/errors.h"
+#include "platform/conversion/hex_digits.h"
 #include "platform/locale/code_page.h"
 #include "platform/locale/locale.h"
 
@@ -78,8 +79,7 @@ VersionNumbers ReadVersion(StringKind kind, const Text& text) {
 }
 
 bool IsHexStream(std::u16string_view text) noexcept {
-    constexpr std::u16string_view kDigits = u"0123456789abcdefABCDEF";
-    return text.size() % 2 == 0 && text.find_first_not_of(kDigits) == text.npos;
+    return text.size() % 2 == 0 && std::ranges::all_of(text, [](char16_t c) { return HexValue(c) >= 0; });
 }
 
 bool IsPackedAscii(const Text& text) {

@@ -127,7 +127,7 @@ TEST_F(ParameterWritesTest, RealvalueIsTheDeviceView) {
 TEST_F(ParameterWritesTest, AStateMayComeWithoutANumber) {
     const auto parameter = MakeObject<ParameterInt>();
     Take(parameter, {{u"DefaultValue", 4}});
-    const auto state = [&] { parameter->TakeFault(); };
+    const auto state = [&] { parameter->TakeImportFault(); };
     EXPECT_EQ(Told(state), "A:Value group:Value");
     EXPECT_EQ(Shown(), "Internal error");
     EXPECT_EQ(Describe(spec->get_value()), "Long 4");

@@ -64,7 +64,5 @@ inline std::uint64_t ReverseBytes(std::uint64_t pattern, std::size_t count) noex
 inline std::int32_t Float2Long(float value) noexcept {
     return std::bit_cast<std::int32_t>(value);
 }
-/// @throws RuntimeError 6 for the patterns of NaN and infinity
-float Long2Float(std::int32_t bits);
 
 }  // namespace ov

@@ -65,15 +65,6 @@ TEST(NumberBytes, PutTheLowestByteFirst) {
     EXPECT_EQ(Float2Long(-0.0f), std::numeric_limits<std::int32_t>::min());
 }
 
-TEST(NumberBytes, Long2FloatRefusesPatternsWithoutANumber) {
-    EXPECT_EQ(Long2Float(0x40490FDB), 3.14159274f);
-    EXPECT_EQ(Long2Float(1), std::numeric_limits<float>::denorm_min());
-    EXPECT_EQ(Long2Float(0x7F7FFFFF), std::numeric_limits<float>::max());
-    for (const std::int32_t bits : {0x7F800000, 0x7FA00000, 0x7FFFFFFF, -1}) {
-        EXPECT_THROW(Long2Float(bits), RuntimeError) << bits;
-    }
-}
-
 std::vector<std::uint8_t> BytesOf(std::string_view text) {
     return {text.begin(), text.end()};
 }

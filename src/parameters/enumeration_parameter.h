@@ -6,6 +6,7 @@
 
 #include "descriptor/enum_cache.h"
 #include "parameters/list_parameter.h"
+#include "parameters/list_rows.h"
 #include "parameters/list_text.h"
 
 namespace ov {

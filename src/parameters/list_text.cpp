@@ -2,12 +2,9 @@
 
 #include <cmath>
 #include <limits>
-#include <utility>
 
-#include "descriptor/row_collection.h"
-#include "parameters/subtype.h"
 #include "platform/automation/conversions.h"
-#include "platform/automation/errors.h"
+#include "platform/automation/text_search.h"
 
 namespace ov {
 
@@ -15,7 +12,6 @@ namespace {
 
 constexpr const char16_t* kConsistent = u"%consistent";
 constexpr std::u16string_view kGetText = u"gettext(";
-constexpr std::u16string_view kGlobalFallback = u"SELECT * FROM [Enums] WHERE enumSubType IS NULL";
 // More marks than any text has: one whose translation holds its own mark would never come to an end.
 constexpr int kMostMarks = 1000;
 
@@ -24,14 +20,6 @@ std::int32_t LeadingNumber(std::u16string_view text) {
     const double number = ValPrefix(text);
     const bool fits = std::abs(number) <= std::numeric_limits<std::int32_t>::max();
     return fits ? static_cast<std::int32_t>(number) : 0;
-}
-
-bool LooksUpTexts(Recordset& rows, std::int32_t column) {
-    try {
-        return HoldsWord(ToText(rows.Fields(column)->Properties(u"RowSource")), u"FROM TEXTS");
-    } catch (const RuntimeError&) {
-        return false;
-    }
 }
 
 Text ReplaceFirst(const Text& text, std::u16string_view mark, std::u16string_view content) {
@@ -64,11 +52,6 @@ Text FillPlaceHolder(const Text& format, const Text& shown, const std::optional<
 
 }  // namespace
 
-Text FillMarks(const Text& statement, ModuleServices& module, const Text& value) {
-    const Text filled = ReplaceAll(statement, u"$module", Text::FromInteger(module.GetModuleTypeIdx()));
-    return ReplaceAll(filled, u"$value", value);
-}
-
 Text GetTextMark(std::int32_t number) {
     return kGetText + (Text::FromInteger(number) + u")");
 }
@@ -78,7 +61,7 @@ Text ResolveGetText(const Text& text, ModuleServices& module, Search search) {
     std::size_t from = 0;
     for (int marks = 0; marks < kMostMarks; ++marks) {
         const std::u16string_view whole = resolved;
-        const std::size_t found = FindWord(whole.substr(from), kGetText);
+        const std::size_t found = FindNoCase(whole.substr(from), kGetText);
         if (found == std::u16string_view::npos) break;
         const std::size_t at = from + found;
         const std::u16string_view argument = whole.substr(at + kGetText.size());
@@ -92,71 +75,12 @@ Text ResolveGetText(const Text& text, ModuleServices& module, Search search) {
     return resolved;
 }
 
-RowTemplate::RowTemplate(const Text& text, Recordset& rows, TextOfNumber textOf)
-    : mTemplate(text), mTextOf(std::move(textOf)) {
-    const std::int32_t columns = rows.FieldCount();
-    for (std::int32_t column = 0; column < columns; ++column) {
-        mIsTextNumber.push_back(LooksUpTexts(rows, column));
-    }
-}
-
-Text RowTemplate::Apply(Recordset& rows) const {
-    Text text = mTemplate;
-    for (std::size_t column = 0; column < mIsTextNumber.size(); ++column) {
-        Text content;
-        try {
-            const Variant value = rows.ValueAt(column);
-            content = mIsTextNumber[column] ? mTextOf(ToLong(value)) : ToText(value);
-        } catch (const RuntimeError&) {
-            content = Text();
-        }
-        text = ReplaceAll(text, u"$" + Text::FromInteger(static_cast<std::int64_t>(column)), content);
-    }
-    return text;
-}
-
 bool AcceptsUnlisted(const Text& format) noexcept {
     return format.view().find(kConsistent) != std::u16string_view::npos;
 }
 
 Text FormatUnlistedValue(const Text& format, const Text& shown, const std::optional<Text>& hexadecimal) {
     return ReplaceAll(FillPlaceHolder(format, shown, hexadecimal), kConsistent, u"");
-}
-
-std::int32_t ReadGlobalFallback(Database& db, std::int32_t fallback) {
-    const Ref<Recordset> rows =
-        db.OpenRecordset(kGlobalFallback, RecordsetType::dbOpenDynaset, RecordsetOptions::dbReadOnly);
-    std::int32_t id = fallback;
-    for (; !rows->Eof(); rows->MoveNext()) {
-        id = ToLong(NullToDefault(FieldValue(*rows, u"valueText"), fallback));
-    }
-    rows->Close();
-    return id;
-}
-
-std::int32_t GlobalFallback(ModuleServices& module) {
-    constexpr const char16_t* kKey = u"NULL";
-    if (const auto known = module.EnumCacheGet(kKey)) return known->NullTextId;
-    try {
-        const auto item = std::make_shared<CEnumCacheItem>();
-        const Ref<Database> db = module.GetDB();
-        if (!db) return 0;
-        item->NullTextId = ReadGlobalFallback(*db, 0);
-        module.EnumCacheSet(kKey, item);
-        return item->NullTextId;
-    } catch (const RuntimeError&) {
-        return 0;
-    }
-}
-
-Ref<Recordset> TryOpen(ModuleServices& module, const Text& statement) noexcept {
-    try {
-        const Ref<Database> db = module.GetDB();
-        if (!db) return nullptr;
-        return db->OpenRecordset(statement, RecordsetType::dbOpenDynaset, RecordsetOptions::dbReadOnly);
-    } catch (const RuntimeError&) {
-        return nullptr;
-    }
 }
 
 }  // namespace ov

@@ -5,6 +5,7 @@
 #include "parameters/display_format.h"
 #include "parameters/subtype.h"
 #include "platform/automation/conversions.h"
+#include "platform/automation/text_search.h"
 #include "platform/format/round_to_places.h"
 #include "support/diagnostics.h"
 #include "support/number_forms.h"
@@ -19,7 +20,7 @@ constexpr double kTypeMin = -2147483648.0, kTypeMax = 2147483647.0;
 
 // The text behind @p word; nullopt if the word is not there.
 std::optional<Text> TextBehind(const Text& text, std::u16string_view word) {
-    const std::size_t at = FindWord(text, word);
+    const std::size_t at = FindNoCase(text, word);
     if (at == std::u16string_view::npos) return std::nullopt;
     return Text(text.view().substr(at + word.size()));
 }

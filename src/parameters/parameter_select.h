@@ -5,6 +5,7 @@
 #include "contract/default_interfaces.h"
 #include "parameters/image_transfers.h"
 #include "parameters/list_parameter.h"
+#include "parameters/list_rows.h"
 #include "parameters/list_text.h"
 
 namespace ov {

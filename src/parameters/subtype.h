@@ -18,9 +18,4 @@ struct Subtype {
 /// Reads a subtype whose first letter may be one of @p letters.
 Subtype ReadSubtype(std::u16string_view text, std::u16string_view letters);
 
-/// Where @p word begins in @p text, without regard to case; npos if it is not there.
-std::size_t FindWord(std::u16string_view text, std::u16string_view word) noexcept;
-/// True if @p word is in @p text, without regard to case.
-bool HoldsWord(std::u16string_view text, std::u16string_view word) noexcept;
-
 }  // namespace ov

@@ -2,17 +2,21 @@
 
 #include <cstdint>
 #include <cstdlib>
+#include <optional>
 #include <string_view>
 
 #include "parameters/value_type.h"
+#include "platform/automation/conversions.h"
 #include "platform/automation/operators.h"
+#include "platform/format/format.h"
 #include "platform/locale/locale.h"
 
 namespace ov {
 
 namespace {
 
-constexpr std::int32_t kMinute = 60, kHour = 3600;
+constexpr std::int32_t kMinute = 60, kHour = 3600, kDay = 86400;
+constexpr double kDaysTo1970 = 25569;  // from day 0 of a Date
 
 Text NextPart(std::int64_t number) {
     return CurrentLocale().timeSeparator + (number < 10 ? u"0" : u"") + Text::FromInteger(number);
@@ -83,6 +87,16 @@ T ParseMinutes(const Text& text) {
     if (mark == std::u16string_view::npos) return Number<T>(whole);
     const T minutes = Number<T>(whole.substr(mark + 1));
     return Sum(Times(minutes, kMinute), Times(Number<T>(whole.substr(0, mark)), kHour));
+}
+
+Text FormatUnixTime(double seconds) {
+    static const Picture kPicture(u"yyyy-mm-dd hh:mm:ss");
+    return kPicture.Apply(ToDate(kDaysTo1970 + seconds / kDay));
+}
+
+std::int32_t ParseUnixTime(const Text& text) {
+    const std::optional<Date> date = ReadDate(text);
+    return date ? ToLong((date->days - kDaysTo1970) * kDay) : 0;
 }
 
 template std::int32_t ParseSeconds(const Text&);

@@ -1,5 +1,6 @@
 /// @file
-/// Counts of seconds as clock texts. The mark between the parts is the locale's time separator; ":" reads as well.
+/// Counts of seconds as texts of a clock, and of a calendar. The mark between the parts is the locale's time separator;
+/// ":" reads as well.
 #pragma once
 
 #include "platform/automation/decimal.h"
@@ -19,6 +20,11 @@ T ParseSeconds(const Text& text);
 /// Reads hh:mm, or a bare number, which is of seconds as the value is. @throws the same
 template <class T>
 T ParseMinutes(const Text& text);
+
+/// "1970-01-02 00:00:00" in English: @p seconds since 1970, in no time zone.
+Text FormatUnixTime(double seconds);
+/// The same from a text that reads as a date; 0 for any other. @throws RuntimeError 6 beyond a Long
+std::int32_t ParseUnixTime(const Text& text);
 
 extern template std::int32_t ParseSeconds(const Text&);
 extern template std::int32_t ParseMinutes(const Text&);

@@ -4,7 +4,6 @@
 
 #include "parameters/clock_text.h"
 #include "parameters/integer_type.h"
-
 #include "parameters/subtype.h"
 #include "platform/automation/conversions.h"
 #include "platform/automation/operators.h"
@@ -13,25 +12,33 @@
 
 namespace ov {
 
-namespace {
-
-constexpr double kDaysTo1970 = 25569;  // from day 0 of a Date
-constexpr double kSecondsOfDay = 86400;
-
-}  // namespace
-
+// The ways by the kind of the display format. Those with a unit behind the number take it off when they read.
 template <class T>
 struct IntegerParameter<T>::Forms {
     using P = IntegerParameter;
-    static constexpr Form kPlain{&P::ParsePlain, &P::ShowPlain};
-    static constexpr Form kPicture{&P::ParsePlain, &P::ShowPicture};
-    static constexpr Form kHex{&P::ParseHex, &P::ShowHex};
-    static constexpr Form kSeconds{&P::ParseClockSeconds, &P::ShowClockSeconds};
-    static constexpr Form kMinutes{&P::ParseClockMinutes, &P::ShowClockMinutes};
-    static constexpr Form kTechExpo{&P::ParseTechExpo, &P::ShowTechExpo};
-    static constexpr Form kScientific{&P::ParseScientific, &P::ShowScientific};
-    static constexpr Form kVersion{&P::ParseVersion, &P::ShowVersion};
-    static constexpr Form kUnixTime{&P::ParseUnixTime, &P::ShowUnixTime};
+
+    static T ParsePlain(P&, const Text& text, Purpose) { return ValueType<T>::From(text); }
+
+    static constexpr Form kPlain{ParsePlain, [](P&, const T& value, Purpose) { return ToText(value); }};
+    static constexpr Form kPicture{ParsePlain,
+                                   [](P& self, const T& value, Purpose p) { return self.ShowPicture(value, p); }};
+    static constexpr Form kHex{[](P& self, const Text& text, Purpose p) { return self.ParseHex(text, p); },
+                               [](P& self, const T& value, Purpose p) { return self.ShowHex(value, p); }};
+    static constexpr Form kSeconds{[](P&, const Text& text, Purpose) { return ParseSeconds<T>(text); },
+                                   [](P&, const T& value, Purpose) { return FormatSeconds(value); }};
+    static constexpr Form kMinutes{[](P&, const Text& text, Purpose) { return ParseMinutes<T>(text); },
+                                   [](P&, const T& value, Purpose) { return FormatMinutes(value); }};
+    static constexpr Form kTechExpo{
+        [](P& self, const Text& text, Purpose) { return ValueType<T>::From(TechExponent2Number(text, self.unit())); },
+        [](P& self, const T& value, Purpose) { return Number2TechExponent(ToDouble(value), self.mDisplayDigits); }};
+    static constexpr Form kScientific{
+        [](P& self, const Text& text, Purpose) { return ValueType<T>::From(Scientific2Number(text, self.unit())); },
+        [](P&, const T& value, Purpose) { return Number2Scientific(ToDouble(value)); }};
+    static constexpr Form kVersion{
+        [](P&, const Text& text, Purpose) { return ValueType<T>::From(Version2Number(text)); },
+        [](P& self, const T& value, Purpose) { return Number2Version(ToDouble(value), self.mDisplayDigits); }};
+    static constexpr Form kUnixTime{[](P&, const Text& text, Purpose) { return T(ParseUnixTime(text)); },
+                                    [](P&, const T& value, Purpose) { return FormatUnixTime(ToDouble(value)); }};
 };
 
 template <class T>
@@ -99,16 +106,6 @@ const typename IntegerParameter<T>::Form* IntegerParameter<T>::FormOf(DisplayKin
 }
 
 template <class T>
-T IntegerParameter<T>::ParsePlain(const Text& text, Purpose) {
-    return ValueType<T>::From(text);
-}
-
-template <class T>
-Text IntegerParameter<T>::ShowPlain(const T& value, Purpose) {
-    return ToText(value);
-}
-
-template <class T>
 Text IntegerParameter<T>::ShowPicture(const T& value, Purpose purpose) {
     Text shown = mPicture.Apply(value);
     if (ValueType<T>::From(shown) == value) return shown;  // what does not read at all is the caller's affair
@@ -166,70 +163,6 @@ void IntegerParameter<T>::LogNoHex(Purpose purpose) {
     };
     this->Log(operation() + (u"(): ERROR: conversion not possible with BitLen=" + Text::FromInteger(mBitLen)) +
               u" and subtype=" + (mUnsigned ? u"unsigned" : u"signed"));
-}
-
-template <class T>
-T IntegerParameter<T>::ParseClockSeconds(const Text& text, Purpose) {
-    return ParseSeconds<T>(text);
-}
-
-template <class T>
-Text IntegerParameter<T>::ShowClockSeconds(const T& value, Purpose) {
-    return FormatSeconds(value);
-}
-
-template <class T>
-T IntegerParameter<T>::ParseClockMinutes(const Text& text, Purpose) {
-    return ParseMinutes<T>(text);
-}
-
-template <class T>
-Text IntegerParameter<T>::ShowClockMinutes(const T& value, Purpose) {
-    return FormatMinutes(value);
-}
-
-template <class T>
-T IntegerParameter<T>::ParseTechExpo(const Text& text, Purpose) {
-    return ValueType<T>::From(TechExponent2Number(text, this->unit()));
-}
-
-template <class T>
-Text IntegerParameter<T>::ShowTechExpo(const T& value, Purpose) {
-    return Number2TechExponent(ToDouble(value), mDisplayDigits);
-}
-
-template <class T>
-T IntegerParameter<T>::ParseScientific(const Text& text, Purpose) {
-    return ValueType<T>::From(Scientific2Number(text, this->unit()));
-}
-
-template <class T>
-Text IntegerParameter<T>::ShowScientific(const T& value, Purpose) {
-    return Number2Scientific(ToDouble(value));
-}
-
-template <class T>
-T IntegerParameter<T>::ParseVersion(const Text& text, Purpose) {
-    return ValueType<T>::From(Version2Number(text));
-}
-
-template <class T>
-Text IntegerParameter<T>::ShowVersion(const T& value, Purpose) {
-    return Number2Version(ToDouble(value), mDisplayDigits);
-}
-
-// Seconds since 1970, in no time zone.
-template <class T>
-T IntegerParameter<T>::ParseUnixTime(const Text& text, Purpose) {
-    const std::optional<Date> date = ReadDate(text);
-    if (!date) return T{};  // what is no date is 0, and no fault
-    return ToLong((date->days - kDaysTo1970) * kSecondsOfDay);
-}
-
-template <class T>
-Text IntegerParameter<T>::ShowUnixTime(const T& value, Purpose) {
-    static const Picture kPicture(u"yyyy-mm-dd hh:mm:ss");
-    return kPicture.Apply(ToDate(kDaysTo1970 + ToDouble(value) / kSecondsOfDay));
 }
 
 template class IntegerParameter<std::int32_t>;

@@ -19,8 +19,8 @@ protected:
 
     void ReadType() override;
     void ReadDisplayFormat() override;
-    T ParseText(const Text& text, Purpose purpose) override { return (this->*mForm->parse)(text, purpose); }
-    Text DisplayText(const T& value, Purpose purpose) override { return (this->*mForm->show)(value, purpose); }
+    T ParseText(const Text& text, Purpose purpose) override { return mForm->parse(*this, text, purpose); }
+    Text DisplayText(const T& value, Purpose purpose) override { return mForm->show(*this, value, purpose); }
 
     std::int32_t mBitLen = 0;
     bool mUnsigned = false;
@@ -29,32 +29,17 @@ protected:
 private:
     /// One way to read a user's text and to write a number, chosen when the parameter is configured.
     struct Form {
-        T (IntegerParameter::*parse)(const Text& text, Purpose purpose);
-        Text (IntegerParameter::*show)(const T& value, Purpose purpose);
+        T (*parse)(IntegerParameter& self, const Text& text, Purpose purpose);
+        Text (*show)(IntegerParameter& self, const T& value, Purpose purpose);
     };
     struct Forms;
 
     void SetTypeLimits();
     static const Form* FormOf(DisplayKind kind);
 
-    T ParsePlain(const Text& text, Purpose purpose);
-    Text ShowPlain(const T& value, Purpose purpose);
     Text ShowPicture(const T& value, Purpose purpose);
     T ParseHex(const Text& text, Purpose purpose);
     Text ShowHex(const T& value, Purpose purpose);
-    T ParseClockSeconds(const Text& text, Purpose purpose);
-    Text ShowClockSeconds(const T& value, Purpose purpose);
-    T ParseClockMinutes(const Text& text, Purpose purpose);
-    Text ShowClockMinutes(const T& value, Purpose purpose);
-    T ParseTechExpo(const Text& text, Purpose purpose);
-    Text ShowTechExpo(const T& value, Purpose purpose);
-    T ParseScientific(const Text& text, Purpose purpose);
-    Text ShowScientific(const T& value, Purpose purpose);
-    T ParseVersion(const Text& text, Purpose purpose);
-    Text ShowVersion(const T& value, Purpose purpose);
-    T ParseUnixTime(const Text& text, Purpose purpose);
-    Text ShowUnixTime(const T& value, Purpose purpose);
-
     bool IsItsPattern() const;  // the number has the same bits as its field
     void LogNoHex(Purpose purpose);
 

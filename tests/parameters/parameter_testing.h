@@ -284,6 +284,15 @@ protected:
         return lines;
     }
     std::string Shown() { return gui->get_value().ToUtf8(); }
+    /// "number|shown" behind a user's write of @p text; "no" stands for a number that was refused.
+    std::string NumberWritten(const Text& text) {
+        spec->let_value(u"none");
+        gui->let_value(text);
+        const bool accepted = gui->error() == u"0";
+        if (!accepted) spec->let_value(0);
+        EXPECT_EQ(gui->FormatValue(spec->get_value()).ToUtf8(), Shown());
+        return (accepted ? ToInvariantText(spec->get_value()).ToUtf8() : "no") + "|" + Shown();
+    }
 
     Diagnostics mFormer = std::exchange(GlobalDiagnostics(), {.initialised = true});
     ScopedLocale english{"en-US"};

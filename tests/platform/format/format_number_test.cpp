@@ -14,66 +14,31 @@ namespace {
 
 using ::ov::testing::ScopedLocale;
 
-const NumberStyle kPlain{.decimals = 2, .grouping = false};
-
-TEST(FormatNumber, RoundsTheDecimalDigitsHalfAwayFromZero) {
-    const ScopedLocale english("en-US");
-    const struct {
-        double number;
-        int decimals;
-        const char* text;
-    } cases[] = {
-        {0, 2, "0.00"},
-        {2.675, 2, "2.68"},
-        {1.005, 2, "1.01"},
-        {0.285, 2, "0.29"},
-        {-0.125, 2, "-0.13"},
-        {0.5, 0, "1"},
-        {2.5, 0, "3"},
-        {0.49999999999999994, 0, "1"},  // 15 digits of it are 0.5
-        {0.4999999, 0, "0"},
-        {-0.004, 2, "0.00"},
-        {-0.0, 1, "0.0"},
-        {0.05, 1, "0.1"},
-        {0.04, 1, "0.0"},
-        {0.005, 1, "0.0"},
-        {9.995, 2, "10.00"},
-        {999.9999, 3, "1000.000"},
-        {123456789012345678.0, 1, "123456789012346000.0"},
-        {1e22, 0, "10000000000000000000000"},
-        {1e-300, 2, "0.00"},
-        {1.5, 20, "1.50000000000000000000"},
-    };
-    for (const auto& [number, decimals, text] : cases) {
-        EXPECT_EQ(FormatNumber(number, {.decimals = decimals, .grouping = false}).ToUtf8(), text) << number;
-    }
-    EXPECT_EQ(FormatNumber(std::numeric_limits<double>::max(), {.decimals = 99}).size(), 309u + 102 + 100);
-}
-
-TEST(FormatNumber, TakesEveryNumericType) {
+// How digits round, and what they are of each type, is told of the pictures.
+TEST(FormatNumber, WritesAsManyDecimalsAsAskedFor) {
     const ScopedLocale english("en-US");
     const struct {
         Variant number;
+        int decimals;
         const char* text;
     } cases[] = {
-        {std::uint8_t{255}, "255.00"},
-        {std::int16_t{-32768}, "-32768.00"},
-        {std::numeric_limits<std::int32_t>::min(), "-2147483648.00"},
-        {1.1f, "1.10"},
-        {0.015f, "0.02"},
-        {Currency{std::numeric_limits<std::int64_t>::max()}, "922337203685477.58"},
-        {Currency{std::numeric_limits<std::int64_t>::min()}, "-922337203685477.58"},
-        {Currency{-50}, "-0.01"},
-        {Decimal(false, 0xFFFFFFFF, 0xFFFFFFFFFFFFFFFF, 0), "79228162514264337593543950335.00"},
-        {Decimal(true, 0, 12345, 3), "-12.35"},
-        {Date{1.25}, "1.25"},
-        {true, "-1.00"},
-        {Variant(), "0.00"},
-        {u"1,234.5", "1234.50"},
-        {u" (7) ", "-7.00"},
+        {2.675, 2, "2.68"},
+        {-0.125, 2, "-0.13"},
+        {0.5, 0, "1"},
+        {1.5, 20, "1.50000000000000000000"},
+        {-0.004, 2, "0.00"},
+        {-0.0, 1, "0.0"},
+        {9.995, 2, "10.00"},
+        {Decimal(true, 0, 12345, 3), 2, "-12.35"},
+        {Currency{-50}, 2, "-0.01"},
+        {u" (7) ", 2, "-7.00"},
+        {Variant(), 2, "0.00"},
+        {true, 0, "-1"},
     };
-    for (const auto& [number, text] : cases)
-        EXPECT_EQ(FormatNumber(number, kPlain).ToUtf8(), text);
+    for (const auto& [number, decimals, text] : cases) {
+        EXPECT_EQ(FormatNumber(number, {.decimals = decimals, .grouping = false}).ToUtf8(), text);
+    }
+    EXPECT_EQ(FormatNumber(std::numeric_limits<double>::max(), {.decimals = 99}).size(), 309u + 102 + 100);
 }
 
 TEST(FormatNumber, FollowsStyleAndLocale) {

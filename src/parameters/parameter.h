@@ -152,7 +152,6 @@ protected:
         Scale scale;
         Limits limits;
         Text unit;
-        friend bool operator==(const Terms&, const Terms&) = default;
     };
 
     // What a class adds to the check, in this order.
@@ -237,6 +236,7 @@ private:
     Ref<Collection> RowOf(ParameterOwner& parent, const Variant& desc);
     void ConfigureFirst();
     void FetchUnit(ModuleServices* module);
+    bool HaveMoved(const Terms& former) const;
     Text TranslatedText(const char16_t* column) const;
     bool IsBlankCell(std::u16string_view column) const;
     Text CurrentUnit();

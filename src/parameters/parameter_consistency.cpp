@@ -20,12 +20,16 @@ bool Parameter::CheckConsistency() {
     CurrentUnit();
     CheckFurther(passes, former);
     // Any rule above may have checked the parameter as well: what that moved is told by both checks.
-    if (Terms{CurrentScale(), CurrentLimits(), mUnit} != former) Notify(kReconfigured);
+    if (HaveMoved(former)) Notify(kReconfigured);
     if (mConsistent != passes) {
         mConsistent = passes;
         Notify(kStateChanged);
     }
     return passes;
+}
+
+bool Parameter::HaveMoved(const Terms& former) const {
+    return mUnit != former.unit || CurrentScale() != former.scale || CurrentLimits() != former.limits;
 }
 
 void Parameter::Refuse(bool& passes, const Text& reason) {

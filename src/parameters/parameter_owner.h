@@ -35,16 +35,10 @@ public:
     virtual Variant GetParameterDescAsScript(const Text& fieldname, Collection& data, const Variant& id,
                                              VarType type) = 0;
     virtual std::int32_t GetLongFromScript(const Text& text, const Variant& id) = 0;  ///< 0 on failure
-    virtual bool GetBoolFromScript(const Text& text, const Variant& id) = 0;          ///< False on failure
     virtual Variant GetDecimalFromScript(const Text& text, const Variant& id) = 0;    ///< Empty on failure
-    virtual float GetSingleFromScript(const Text& text, const Variant& id) = 0;       ///< 0 on failure
     virtual double GetDoubleFromScript(const Text& text, const Variant& id) = 0;      ///< 0 on failure
     /// Replaces the text by its value; "" on failure.
     virtual void GetStringValueFromScript(Text& text, const Variant& id) = 0;
-    virtual Text GetStringFromScript(const Text& text, const Variant& id) = 0;
-    /// Null gives @p fallback, text goes through the reader, anything else is converted.
-    virtual double GetDoubleFromVariantOrScript(const Variant& value, double fallback, const Variant& id) = 0;
-    virtual bool GetBoolFromVariantOrScript(const Variant& value, bool fallback, const Variant& id) = 0;
     /// The text becomes @p replacement unless it is a live script.
     virtual void ForgetStaticScript(Text& text, const Text& replacement) = 0;
 

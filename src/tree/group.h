@@ -121,17 +121,19 @@ public:
     Ref<ModuleServices> Module() override;
     Variant GetParameterDescAsScript(const Text& fieldname, Collection& data, const Variant& id, VarType type) override;
     std::int32_t GetLongFromScript(const Text& text, const Variant& id) override;
-    bool GetBoolFromScript(const Text& text, const Variant& id) override;
     Variant GetDecimalFromScript(const Text& text, const Variant& id) override;
-    float GetSingleFromScript(const Text& text, const Variant& id) override;
     double GetDoubleFromScript(const Text& text, const Variant& id) override;
     void GetStringValueFromScript(Text& text, const Variant& id) override;
-    Text GetStringFromScript(const Text& text, const Variant& id) override;
-    double GetDoubleFromVariantOrScript(const Variant& value, double fallback, const Variant& id) override;
-    bool GetBoolFromVariantOrScript(const Variant& value, bool fallback, const Variant& id) override;
     void ForgetStaticScript(Text& text, const Text& replacement) override;
     Variant EvaluateRawScript(const Text& text, bool silent, bool textFallback) override;
     Variant EvaluateScriptOrLiteral(const Text& text, bool silent) override;
+
+    // Readers as those of ParameterOwner. False on failure; 0; ""
+    bool GetBoolFromScript(const Text& text, const Variant& id);
+    float GetSingleFromScript(const Text& text, const Variant& id);
+    Text GetStringFromScript(const Text& text, const Variant& id);
+    /// Null gives @p fallback, text goes through the reader, anything else is converted.
+    bool GetBoolFromVariantOrScript(const Variant& value, bool fallback, const Variant& id);
 
 private:
     Ref<IBase_SpecChannel> OwnChannel() override;

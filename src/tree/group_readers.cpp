@@ -195,12 +195,6 @@ Text Group::GetStringFromScript(const Text& text, const Variant& id) {
     return copy;
 }
 
-double Group::GetDoubleFromVariantOrScript(const Variant& value, double fallback, const Variant& id) {
-    if (value.IsNull()) return fallback;
-    if (value.IsString()) return GetDoubleFromScript(value.AsText(), id);
-    return GuardedRead(u"GetDoubleFromVariantOrScript", TextForLog(value), id, [&] { return ToDouble(value); });
-}
-
 bool Group::GetBoolFromVariantOrScript(const Variant& value, bool fallback, const Variant& id) {
     if (value.IsNull()) return fallback;
     if (value.IsString()) return GetBoolFromScript(value.AsText(), id);

@@ -121,7 +121,10 @@ public:
         Text text = cell.AsText();
         if (module->generation < 1) {
             if (type == VarType::Empty) return EvaluateRawScript(text, false, false);
-            if (type == VarType::String) return GetStringFromScript(text, id);
+            if (type == VarType::String) {
+                GetStringValueFromScript(text, id);
+                return text;
+            }
             return type == VarType::Long ? Variant(GetLongFromScript(text, id)) : GetDoubleFromScript(text, id);
         }
         if (!IsScript(text)) return type == VarType::Double && text != u"QNAN" ? Variant(ValPrefix(text)) : text;
@@ -133,20 +136,11 @@ public:
         return result;
     }
     std::int32_t GetLongFromScript(const Text& text, const Variant&) override { return Read(text, ToLong); }
-    bool GetBoolFromScript(const Text& text, const Variant&) override { return Read(text, ToBoolean); }
     Variant GetDecimalFromScript(const Text& text, const Variant&) override { return Read(text, ToDecimal); }
-    float GetSingleFromScript(const Text& text, const Variant&) override { return Read(text, ToSingle); }
     double GetDoubleFromScript(const Text& text, const Variant&) override { return Read(text, ToDouble); }
     void GetStringValueFromScript(Text& text, const Variant&) override {
         if (IsScript(text)) text = ToText(EvaluateScriptOrLiteral(text, false));
     }
-    Text GetStringFromScript(const Text& text, const Variant& id) override {
-        Text copy = text;
-        GetStringValueFromScript(copy, id);
-        return copy;
-    }
-    double GetDoubleFromVariantOrScript(const Variant&, double fallback, const Variant&) override { return fallback; }
-    bool GetBoolFromVariantOrScript(const Variant&, bool fallback, const Variant&) override { return fallback; }
     void ForgetStaticScript(Text& text, const Text& replacement) override {
         const bool live = module->generation >= 1 ? text.view().starts_with(u"!:")
                                                   : text.view().find(u"(\"") != std::u16string_view::npos;

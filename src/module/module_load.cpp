@@ -167,7 +167,8 @@ bool Module::Load(const Text& moduletype, const std::optional<Text>& moduleid, c
         EndWithLog(u"Load(): ERROR: Could not load database ", mSourcePath);
         return false;
     }
-    if (!mModuleType.empty()) DropTree();
+    // Who asked for channels before there was a type has made an empty tree, which is not the new type's either.
+    if (!mModuleType.empty() || mSpecChannels) DropTree();
     const Ref<Recordset> types = OpenModuleTypes();
     if (!types) return false;
     bool loaded = false;

@@ -27,7 +27,8 @@ std::string Device() {
            Row(1, 3, flips + ";consistency=" + told("1")) + Row(1, 4, flips) + Row(1, 4, "DefaultValue=2") +
            Row(1, 5, "Type='FLOAT';realGain=" + told("P(\"1\") + 1")) +
            Row(1, 6, "subtype='u48';Min=" + told("G(\"2\")(\"1\")")) + Row(1, 7, "Type='ENVIROMENT';subtype='user'") +
-           Row(2, 1, "Max=" + told("CH(\"2\")(\"1\")(\"1\") + 1000")) + Row(3, 1, "enable=" + told("1"));
+           Row(1, 8, "dependency='!:P(\"4\") = 2'") + Row(2, 1, "Max=" + told("CH(\"2\")(\"1\")(\"1\") + 1000")) +
+           Row(3, 1, "enable=" + told("1"));
 }
 
 class ForeignCode : public TreeTest {
@@ -257,6 +258,58 @@ TEST_F(ForeignCode, MayDoAnythingAtAnyEvent) {
         }
         EXPECT_GT(events, 0) << occasion.name << " told nothing";
     }
+}
+
+TEST_F(ForeignCode, MakesALoadFailThatLosesItsDatabase) {
+    for (const auto take : {&ForeignCode::TakeOtherPath, &ForeignCode::TakeDatabaseAway}) {
+        Begin(false);
+        mReaction = [&] { (this->*take)(); };
+        const std::string reason = "Object variable or With block variable not set\n";
+        EXPECT_THAT(
+            Logged([&] { EXPECT_FALSE(module->Load(u"A", {}, {})); }),
+            ::testing::EndsWith("LoadChannels(): Error: " + reason + "Load(): ERROR when loading type: " + reason));
+        End();
+    }
+}
+
+TEST_F(ForeignCode, EndsAnImportWhoseServiceHasGone) {
+    Begin(true);
+    mReaction = [&] { module->RegisterImExport(nullptr); };
+    Variant data, source;
+    try {
+        module->Import(data, source);
+        ADD_FAILURE() << "a further round was due";
+    } catch (const RuntimeError& error) {
+        EXPECT_EQ(error.number(), 91);
+    }
+    End();
+}
+
+TEST_F(ForeignCode, SeesTheOldTreeWhileItGoesAndIsNotKeptBeyond) {
+    Begin(true);
+    const auto old = module->Spec()->channels();
+    int asked = 0;
+    mReaction = [&] {
+        ++asked;
+        EXPECT_EQ(module->Spec()->channels(), old);
+    };
+    mParameter->Spec()->let_tag(Variant(MakeObject<Outsider>(*this)->Dispatch()));
+    module->Unload();
+    EXPECT_GT(asked, 0);
+    mReaction = {};
+    End();
+
+    Begin(true);
+    int left = 3;
+    mReaction = [&] {
+        if (left-- > 0) Register();
+    };
+    module->Unload();
+    mEvents = 0;
+    mReaction = {};
+    WriteEnvironment();
+    EXPECT_EQ(mEvents, 0);
+    End();
 }
 
 TEST_F(ForeignCode, MayDoAnythingInAnyOrder) {

@@ -3,7 +3,8 @@
 /// escape for a file that cannot be locked: a private copy.
 ///
 /// Nothing here ever closes a database: it stays open, for the next module, until the process ends. So a file that
-/// changes is not seen by a running process.
+/// takes the place of another one is not seen by a running process, while a change inside an open SQLite file is, by
+/// whatever is read after it.
 #pragma once
 
 #include <cstdint>

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <memory>
+#include <vector>
 
 #include "contract/callbacks.h"
 #include "contract/channel.h"
@@ -45,6 +46,9 @@ protected:
 
 /// CBase_Module. Holds the open database, the row of its type, the caches of texts, and the channels once they are
 /// asked for. The tree below holds the module strongly; only Unload ends that ring.
+///
+/// Listeners, the host's service and rules run any code, which may unload this module, load it again or let go of it.
+/// So an operation that runs them holds the module while it lasts, and keeps nothing of the tree in mind across them.
 class Module final
     : public Object<Module, Facet<CBase_Module>, SpecModuleFacet, EventRelay, GuiModuleFacet, Facet<ModuleServices>> {
 public:
@@ -169,7 +173,7 @@ private:
 
     void mEnvironment_Changed(const Text& key, const Variant& value);
     void CloneTypeInto(Module& clone);
-    void CopyValuesTo(Module& clone);
+    static void CopyValues(TypedList<IBase_SpecChannel>& channels, Module& clone);
     bool LoadChildren() override { return LoadChannels(); }
     Ref<TypedList<IBase_GuiChannel>> LoadedChildren() override { return mGuiChannels; }
     void PassOn(ParameterEvent event, IBase_GuiParameter* p) override;
@@ -177,7 +181,9 @@ private:
     Ref<Database> mDB;
     Ref<TypedList<IBase_SpecChannel>> mSpecChannels;  // Nothing until the tree is built
     Ref<TypedList<IBase_GuiChannel>> mGuiChannels;    // a view of the same list
-    Ref<Station> mStation;                            // Nothing in every host: see SetStation
+    // All channels that were made: hosts may clear the lists, and a channel of the same id takes another one's place.
+    std::vector<Ref<Channel>> mMadeChannels;
+    Ref<Station> mStation;  // Nothing in every host: see SetStation
     CallbackList<IBase_CallbackParameter> mParameterCallbacks;
     CallbackList<IBase_CallbackModule> mModuleCallbacks;
     Ref<ISpec_ImExport> mImExport;

@@ -199,12 +199,16 @@ bool Module::LoadModuleType() {
 
 void Module::ReadDeviceTypeInformation() {
     constexpr std::u16string_view kFile = u"file:\\\\";
+    const Ref<Database> database = mDB;
+    const std::int32_t type = mModuleTypeIdx;
     Text information = ResolveStaticScript(TextOf(*mDesc, u"fdtDeviceTypeInformation"));
+    // A script runs any code: what it has taken the database or the type from is no load any more.
+    if (mDB != database || mModuleTypeIdx != type) Raise(ErrorNumber::ObjectVariableNotSet);
     if (information.view().starts_with(kFile)) {
         Text path = information.view().substr(kFile.size());
         if (path.view().starts_with(u'.')) {
-            const Text database = mDB->Name();
-            path = Concatenate(database.view().substr(0, database.view().find_last_of(u"\\/") + 1), path);
+            const Text own = database->Name();
+            path = Concatenate(own.view().substr(0, own.view().find_last_of(u"\\/") + 1), path);
         }
         information = LoadStringFromFile(path);
     }

@@ -74,19 +74,23 @@ Ref<CBase_SpecChannelCollection> Module::SpecChannels() {
 Ref<IBase_GuiParameter> Module::mainValue() {
     if (mMainValue) return mMainValue;
     if (!LoadChannels()) return nullptr;
+    const Ref<Module> alive = this;
+    const Ref<TypedList<IBase_SpecChannel>> channels = mSpecChannels;
     const std::vector<Text> ids = IdsOfPath(mMainValuePath);
     if (ids.size() != 3) return nullptr;
+    Ref<IBase_GuiParameter> found;
     try {
-        const auto channel = mSpecChannels->get_Item(ids[0]);
+        const auto channel = channels->get_Item(ids[0]);
         const auto groups = channel ? channel->groups() : nullptr;  // Nothing where they cannot be loaded
         const auto group = groups ? groups->get_Item(ids[1]) : nullptr;
         const auto parameters = group ? group->parameters() : nullptr;
         const auto parameter = parameters ? parameters->get_Item(ids[2]) : nullptr;
-        mMainValue = facet<IBase_GuiParameter>(parameter);
+        found = facet<IBase_GuiParameter>(parameter);
     } catch (const RuntimeError&) {
         // A miss is asked again next time.
     }
-    return mMainValue;
+    if (mSpecChannels == channels) mMainValue = found;  // the rules of a group may have ended the tree
+    return found;
 }
 
 void Module::RegisterCallback(IDispatch* cb) {
@@ -112,6 +116,7 @@ Ref<IUnknown> Module::OwnStation() {
 }
 
 void Module::PassOn(ParameterEvent event, IBase_GuiParameter* p) {
+    const Ref<Module> alive = this;
     TellAll(mParameterCallbacks, event, p);
     if (const Ref<Station> station = mStation) (static_cast<IBase_CallbackParameter&>(*station).*event)(p);
 }
@@ -151,16 +156,18 @@ Ref<IBase_SpecModule> Module::CloneType() {
 }
 
 Ref<IBase_SpecModule> Module::Clone() {
+    const Ref<Module> alive = this;
     const Ref<Module> clone = MakeObject<Module>();
     CloneTypeInto(*clone);
     try {
         mEnvironment->CopyContentsTo(clone->mEnvironment.get());
         clone->RegisterImExport(mImExport.get());
-        if (mSpecChannels) CopyValuesTo(*clone);
+        if (const auto channels = mSpecChannels) CopyValues(*channels, *clone);
         clone->UpdateDependencies();
         return clone;
     } catch (const RuntimeError& error) {
         LogEntry(Dispatch(), u"IBase_SpecModule_Clone: Error: ", error.description());
+        clone->Unload();
         return nullptr;
     }
 }
@@ -168,20 +175,21 @@ Ref<IBase_SpecModule> Module::Clone() {
 bool Module::Compare(IBase_SpecModule* other, std::optional<eParameterKind> kind) {
     if (!other) return false;
     if (!LoadChannels()) return true;
+    const Ref<TypedList<IBase_SpecChannel>> channels = mSpecChannels;
     const Ref<CBase_SpecChannelCollection> theirs = other->channels();
     if (!theirs) return true;
     const Ref<IEnumVariant> walk = theirs->NewEnum();
     // A channel that only this module has is not noticed: comparing is not symmetric.
     for (Variant item; walk->Next(item);) {
         const auto channel = facet<IBase_SpecChannel>(item.AsObject());
-        const auto own = mSpecChannels->get_Item(ToText(channel->id()));
+        const auto own = channels->get_Item(ToText(channel->id()));
         if (!own || !own->Compare(channel.get(), kind)) return false;
     }
     return true;
 }
 
 // Driven by the tree of the clone, which this builds.
-void Module::CopyValuesTo(Module& clone) {
+void Module::CopyValues(TypedList<IBase_SpecChannel>& channels, Module& clone) {
     const auto walk = [](auto collection, auto visit) {
         if (!collection) return;
         const Ref<IEnumVariant> elements = collection->NewEnum();
@@ -191,7 +199,7 @@ void Module::CopyValuesTo(Module& clone) {
     };
     walk(clone.SpecChannels(), [&](IDispatch* channelObject) {
         const auto channel = facet<IBase_SpecChannel>(channelObject);
-        const auto ownChannel = mSpecChannels->get_Item(ToText(channel->id()));
+        const auto ownChannel = channels.get_Item(ToText(channel->id()));
         const auto ownGroups = ownChannel ? ownChannel->groups() : nullptr;
         walk(channel->groups(), [&](IDispatch* groupObject) {
             const auto group = facet<IBase_SpecGroup>(groupObject);
@@ -235,20 +243,25 @@ bool Module::UpdateDependenciesChannels() {
 }
 
 void Module::UpdateDependencies() {
+    const Ref<Module> alive = this;
     if (SettleAlone(*this, &Module::UpdateDependenciesChannels)) return;
     if (const Ref<Station> station = mStation) station->UpdateDependencies();
 }
 
 bool Module::Export(Variant& exportdata, Variant& sourceId) {
-    return mImExport && mImExport->DoExport(this, exportdata, sourceId);
+    const Ref<ISpec_ImExport> service = mImExport;
+    const Ref<Module> alive = this;
+    return service && service->DoExport(this, exportdata, sourceId);
 }
 
 bool Module::Import(Variant& importdata, Variant& sourceId) {
-    if (!mImExport) Raise(ErrorNumber::ObjectVariableNotSet);
+    const Ref<Module> alive = this;
     // Imported once more as long as rules bring in parameters that an earlier round could not fill.
     DependencyUpdate update;
     do {
-        if (!update.Between([&] { return mImExport->DoImport(this, importdata, sourceId); })) return false;
+        const Ref<ISpec_ImExport> service = mImExport;  // it may go, or take itself off, in a round
+        if (!service) Raise(ErrorNumber::ObjectVariableNotSet);
+        if (!update.Between([&] { return service->DoImport(this, importdata, sourceId); })) return false;
     } while (update.BeginPass() && UpdateDependenciesChannels());
     return true;
 }

@@ -14,16 +14,21 @@
 
 namespace ov {
 
-/// Hears the environment for its module, without holding it: a host may keep the environment longer than the module.
+/// Hears the environment for its module, which it holds during an event alone: a host may keep the environment longer
+/// than the module, and a listener may let the module go.
 class Module::EnvironmentSink final : public Object<EnvironmentSink, Facet<CBase_EnvironmentEvents>> {
 public:
     static constexpr const char* kClassName = "EnvironmentSink";
 
-    explicit EnvironmentSink(Module& module) : mModule(module) {}
-    void Changed(const Text& key, const Variant& value) override { mModule.mEnvironment_Changed(key, value); }
+    explicit EnvironmentSink(Module& module) : mModule(&module) {}
+    void Changed(const Text& key, const Variant& value) override {
+        if (const Ref<Module> module = mModule) module->mEnvironment_Changed(key, value);
+    }
+    /// The module ends.
+    void Forget() noexcept { mModule = nullptr; }
 
 private:
-    Module& mModule;
+    Module* mModule;
 };
 
 namespace {
@@ -55,11 +60,13 @@ Module::Module() {
 }
 
 Module::~Module() {
+    mEnvironmentSink->Forget();
     mEnvironment->Unadvise(mEnvironmentCookie);
 }
 
 bool Module::SetSourcePath(const Text& sourcepath) {
     if (sourcepath == mSourcePath) return true;
+    const Ref<Module> alive = this;
     if (!mModuleType.empty()) DropTree();
     mDB = nullptr;
     mSourcePath = sourcepath;
@@ -140,6 +147,7 @@ bool Module::SetLanguage(std::int32_t languageId) {
     });
     if (!supported) return false;
     mLanguage = language;
+    const Ref<Module> alive = this;
     try {
         mModuleCallbacks.Tell([this](IBase_CallbackModule& listener) { listener.OnLanguageChanged(this); });
         if (const Ref<Station> station = mStation) station->OnLanguageChanged(this);
@@ -151,6 +159,7 @@ bool Module::SetLanguage(std::int32_t languageId) {
 }
 
 bool Module::Load(const Text& moduletype, const std::optional<Text>& moduleid, const std::optional<Text>& modulename) {
+    const Ref<Module> alive = this;
     GlobalDiagnostics().debugCountEval = 0;
     mLoadFailure = Text();
     OpenDatabaseOfSourcePath();
@@ -158,7 +167,8 @@ bool Module::Load(const Text& moduletype, const std::optional<Text>& moduleid, c
         EndWithLog(u"Load(): ERROR: Could not load database ", mSourcePath);
         return false;
     }
-    if (!mModuleType.empty()) DropTree();
+    // Who asked for channels before there was a type has made an empty tree, which is not the new type's either.
+    if (!mModuleType.empty() || mSpecChannels) DropTree();
     const Ref<Recordset> types = OpenModuleTypes();
     if (!types) return false;
     bool loaded = false;
@@ -174,6 +184,7 @@ bool Module::Load(const Text& moduletype, const std::optional<Text>& moduleid, c
 
 Ref<Recordset> Module::OpenModuleTypes() {
     try {
+        if (!mDB) Raise(ErrorNumber::ObjectVariableNotSet);  // taken away while the former tree went
         return mDB->OpenRecordset(u"ModuleTypes", RecordsetType::dbOpenTable);
     } catch (const RuntimeError& error) {
         mLoadFailure = error.description();
@@ -204,24 +215,30 @@ bool Module::TakeType(Recordset& types, const Text& moduletype, const Text& modu
 }
 
 void Module::DropTree() {
-    TearDownChannels();
+    // What is told of its end may load this module again.
+    while (mSpecChannels) {
+        TearDownChannels();
+    }
     mModuleTypeIdx = 0;
     mModuleType = Text();
     mName = Text();
     mId = Text();
 }
 
-// Takes the channels out of the tree, each with all that is below it, and the lists with them.
+// Ends the channels, each with all that is below it, and then the lists. Until then the lists stay in sight: the end of
+// a listener or of a script's object may ask for them, and must not build another tree of the type that goes.
 void Module::TearDownChannels() {
     mMainValue = nullptr;
-    const Ref<TypedList<IBase_SpecChannel>> channels = std::move(mSpecChannels);
-    mGuiChannels = nullptr;
+    const Ref<TypedList<IBase_SpecChannel>> channels = mSpecChannels;
     if (!channels) return;
-    channels->ForEach([](IBase_SpecChannel& spec) {
-        if (auto* channel = dynamic_cast<Channel*>(&spec)) channel->Unload();
-        return true;
-    });
+    for (const Ref<Channel>& channel : std::exchange(mMadeChannels, {})) {
+        channel->Unload();
+    }
     channels->Clear();
+    mMainValue = nullptr;
+    if (mSpecChannels != channels) return;  // loaded again meanwhile
+    mSpecChannels = nullptr;
+    mGuiChannels = nullptr;
 }
 
 bool Module::LoadChannels() {
@@ -249,6 +266,7 @@ void Module::ReadChannels() {
     for (; !desc.rs->Eof(); desc.rs->MoveNext()) {
         const Ref<Channel> channel = MakeObject<Channel>();
         channel->Config(this, desc);
+        mMadeChannels.push_back(channel);
         mSpecChannels->Add(channel.get(), ToText(channel->Id()));
     }
     desc.rs->Close();
@@ -257,6 +275,7 @@ void Module::ReadChannels() {
 void Module::Unload() {
     // A listener may unload the module that it is told of, or let go of what unloads it.
     if ((!mDB && !mStation) || mUnloading) return;
+    const Ref<Module> alive = this;
     const Underway unloading(mUnloading);
     EndWithLog(u"Unload(): gDebugCountEval = ", Text::FromInteger(GlobalDiagnostics().debugCountEval));
     mModuleCallbacks.Tell([this](IBase_CallbackModule& listener) {
@@ -274,6 +293,8 @@ void Module::Unload() {
     mTexts = nullptr;
     mFiles = nullptr;
     TearDownChannels();
+    mParameterCallbacks.Clear();  // who registered while the tree went is not kept
+    mModuleCallbacks.Clear();
     mStation = nullptr;
     mDB = nullptr;  // the database itself stays open for the next module
     DropTree();

@@ -1,5 +1,7 @@
 #include "tree/block.h"
 
+#include <algorithm>
+
 #include "descriptor/row_collection.h"
 #include "platform/automation/operators.h"
 #include "support/diagnostics.h"
@@ -21,8 +23,7 @@ void Block::AddGroup(Group& group) {
     for (const char16_t* column : {u"block1", u"block2", u"block3"}) {
         if (!EqualValues(row.Get(column), Variant(mIdx))) continue;
         const Variant& position = row.Get(Text(column) + u"order");
-        mSortList.InsertKeyAscending(position.IsNull() ? Variant(0) : position)->data =
-            Variant(static_cast<IBase_GuiGroup*>(&group));
+        mPlaces.push_back({position.IsNull() ? Variant(0) : position, &group});
         mGroupsValid = false;
         return;
     }
@@ -32,9 +33,12 @@ void Block::AddGroup(Group& group) {
 const Ref<TypedList<IBase_GuiGroup>>& Block::SortedGroups() {
     if (!mGroupsValid) {
         mGroups->Clear();
-        for (CLinkedListElement* element = mSortList.first(); element; element = element->after()) {
-            const auto group = facet<IBase_GuiGroup>(element->data.AsObject());
-            mGroups->Add(group.get(), ToText(group->id()));
+        std::ranges::stable_sort(mPlaces, [](const Place& a, const Place& b) {
+            const auto order = Compare(a.position, b.position);
+            return order && std::is_lt(*order);
+        });
+        for (const Place& place : mPlaces) {
+            mGroups->Add(place.group.get(), ToText(place.group->id()));
         }
         mGroupsValid = true;
     }
@@ -53,10 +57,11 @@ Ref<IBase_GuiChannel> Block::channel() {
 void Block::Unload() noexcept {
     if (!mChannel) return;
     mCallbacks.Clear();
-    // By the sort list, which also knows a group that another one of the same id has replaced in the collections: it
-    // holds this block, and nobody else ends that ring. The list holds its groups to the block's own end.
-    for (CLinkedListElement* element = mSortList.first(); element; element = element->after()) {
-        if (auto* own = dynamic_cast<Group*>(element->data.AsObject())) own->Unload();
+    // By the places, which also know a group that another one of the same id has replaced in the collections: it holds
+    // this block, and nobody else ends that ring. They hold their groups to the block's own end.
+    const std::vector<Place> places = mPlaces;
+    for (const Place& place : places) {
+        if (auto* own = dynamic_cast<Group*>(place.group.get())) own->Unload();
     }
     mGroups->Clear();
     mGroupsValid = true;

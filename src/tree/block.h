@@ -2,6 +2,8 @@
 /// A display heading of a channel: a named and ordered gathering of groups.
 #pragma once
 
+#include <vector>
+
 #include "contract/block.h"
 #include "contract/callbacks.h"
 #include "contract/default_interfaces.h"
@@ -10,7 +12,6 @@
 #include "platform/store/store.h"
 #include "tree/event_relay.h"
 #include "tree/kind_folds.h"
-#include "tree/linked_list.h"
 #include "tree/typed_collection.h"
 
 namespace ov {
@@ -53,7 +54,11 @@ private:
     Ref<TypedList<IBase_GuiGroup>> mGroups = MakeObject<TypedList<IBase_GuiGroup>>();
     Ref<Channel> mChannel;
     CallbackList<IBase_CallbackParameter> mCallbacks;
-    CLinkedList mSortList;
+    struct Place {
+        Variant position;
+        Ref<IBase_GuiGroup> group;
+    };
+    std::vector<Place> mPlaces;  // by position once mGroupsValid; groups of one position as they were added
     bool mGroupsValid = true;
     std::int32_t mNameId = 0;
     Variant mId;

@@ -48,7 +48,7 @@ void Channel::ReadGroups() {
     mGroups = MakeObject<TypedList<IBase_SpecGroup>>();
     mGuiGroups = MakeObject<TypedList<IBase_GuiGroup>>();
     mGuiGroups->SetUnderlying(mGroups->Underlying());
-    if (!mModule) Raise(ErrorNumber::ObjectVariableNotSet);
+    if (!mModule || !mScriptHost) Raise(ErrorNumber::ObjectVariableNotSet);
     mScriptHost->BindChannel(this);
     tBaseDescriptorDB desc;
     desc.db = mServices->GetDB();
@@ -56,47 +56,51 @@ void Channel::ReadGroups() {
     // The rows come in the order that the store gives: the query asks for none.
     desc.rs = desc.db->OpenRecordset(u"SELECT * FROM [Groups] WHERE [ChannelType] = " + Text::FromInteger(mChannelType),
                                      RecordsetType::dbOpenDynaset, RecordsetOptions::dbReadOnly);
+    BlocksByNumber made;
     for (; !desc.rs->Eof(); desc.rs->MoveNext()) {
         const Ref<Group> group = MakeObject<Group>();
         group->Config(this, desc);
+        mMadeGroups.emplace_back(group);
         mGroups->Add(group.get(), ToText(group->Id()));
-        PlaceInBlocks(*group, *desc.rs);
+        PlaceInBlocks(*group, *desc.rs, made);
     }
     desc.rs->Close();
 }
 
-void Channel::PlaceInBlocks(Group& group, Recordset& row) {
+void Channel::PlaceInBlocks(Group& group, Recordset& row, BlocksByNumber& made) {
     for (const char16_t* column : {u"block1", u"block2", u"block3"}) {
         const Variant number = FieldValue(row, column);
         if (number.IsNull()) continue;
-        const Ref<Block> block = GetOrCreateBlock(ToLong(number));
+        const Ref<Block> block = GetOrCreateBlock(ToLong(number), made);
         group.Blocks()->Add(block.get(), ToText(block->Id()));
         block->AddGroup(group);
     }
 }
 
-Ref<Block> Channel::GetOrCreateBlock(std::int32_t blockIdx) {
-    Ref<Block> found;
-    mBlocks->ForEach([&](IBase_GuiBlock& block) {
-        auto* own = dynamic_cast<Block*>(&block);
-        if (own && own->Idx() == blockIdx) found = own;
-        return !found;
-    });
-    if (found) return found;
-    found = MakeObject<Block>();
+// `made` has the blocks of the channel by their numbers.
+Ref<Block> Channel::GetOrCreateBlock(std::int32_t blockIdx, BlocksByNumber& made) {
+    if (const auto known = made.find(blockIdx); known != made.end()) return known->second;
+    const Ref<Block> created = MakeObject<Block>();
     const Ref<Recordset> rows = mServices->GetDB()->OpenRecordset(u"Blocks", RecordsetType::dbOpenTable);
     rows->let_Index(u"PrimaryKey");
     rows->Seek(u"=", std::array{Variant(blockIdx)});
-    found->Config(this, *rows);
-    mBlocks->Add(found.get(), ToText(found->Id()));
+    created->Config(this, *rows);
+    const Text id = ToText(created->Id());
+    // A block of the same id goes from the channel: the next group that names its number gets another one.
+    if (auto* former = dynamic_cast<Block*>(mBlocks->get_Item(id).get())) made.erase(former->Idx());
+    mBlocks->Add(created.get(), id);
+    made.emplace(created->Idx(), created);
     rows->Close();
-    return found;
+    return created;
 }
 
 Ref<IBase_GuiParameter> Channel::mainValue() {
     if (mMainValue || mMainValueText == kInvalid) return mMainValue;
     if (!LoadGroups()) return nullptr;
-    return mMainValue = FindMainValue();
+    const Ref<Channel> alive = this;
+    const Ref<IBase_GuiParameter> found = FindMainValue();
+    if (mModule) mMainValue = found;  // the rules of its group may have ended the tree
+    return found;
 }
 
 Ref<IBase_GuiParameter> Channel::FindMainValue() {
@@ -132,7 +136,7 @@ Ref<IBase_GuiParameter> Channel::FindMainValue() {
 }
 
 Variant Channel::Evaluate(const Text& script, bool silent) {
-    if (!LoadGroups()) return Variant();
+    if (!LoadGroups() || !mServices) return Variant();
     try {
         if (mServices->GetModelVersionIndex() < 1) return EvaluateRawScript(script, silent, false);
         if (!HasScriptPrefix(script) || script.size() <= 2) return script;
@@ -151,6 +155,7 @@ Variant Channel::EvaluateRawScript(const Text& script, bool silent, bool textFal
 }
 
 Variant Channel::EvaluateFrom(std::size_t begin, const Text& text, bool silent, bool textFallback) {
+    const Ref<Channel> alive = this;
     if (!LoadGroups() || !mScriptHost) return Variant();
     const Ref<ChannelScripting> host = mScriptHost;  // a script may unload the tree under itself
     return EvaluateOnHost(*host, Dispatch(), mId, text, begin, silent, textFallback);
@@ -175,6 +180,7 @@ Variant Channel::ExecuteScript(const Text& script) {
 }
 
 void Channel::UpdateDependencies() {
+    const Ref<Channel> alive = this;
     if (SettleAlone(*this, &Channel::ReconfigurationPass)) return;
     if (const Ref<IBase_SpecModule> module = mModule) module->UpdateDependencies();
 }
@@ -205,7 +211,9 @@ void Channel::Unload() noexcept {
     if (!mModule) return;
     mCallbacks.Clear();
     mMainValue = nullptr;
-    ForEachGroup([](Group& group) { return group.Unload(), true; });
+    for (const Ref<IBase_SpecGroup>& made : std::exchange(mMadeGroups, {})) {
+        if (auto* group = dynamic_cast<Group*>(made.get())) group->Unload();
+    }
     if (mGroups) mGroups->Clear();
     if (mBlocks) {
         mBlocks->ForEach([](IBase_GuiBlock& block) {

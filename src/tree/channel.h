@@ -2,6 +2,9 @@
 /// The node between a module and its groups.
 #pragma once
 
+#include <unordered_map>
+#include <vector>
+
 #include "contract/block.h"
 #include "contract/callbacks.h"
 #include "contract/channel.h"
@@ -99,8 +102,9 @@ private:
     Ref<CBase_SpecGroupCollection> SpecGroups() override;
     Ref<CBase_ScriptingGroups> ScriptGroups() override;
     void ReadGroups();
-    void PlaceInBlocks(class Group& group, Recordset& row);
-    Ref<class Block> GetOrCreateBlock(std::int32_t blockIdx);
+    using BlocksByNumber = std::unordered_map<std::int32_t, Ref<class Block>>;
+    void PlaceInBlocks(class Group& group, Recordset& row, BlocksByNumber& made);
+    Ref<Block> GetOrCreateBlock(std::int32_t blockIdx, BlocksByNumber& made);
     Ref<IBase_GuiParameter> FindMainValue();
     bool LoadChildren() override { return LoadGroups(); }
     Ref<TypedList<IBase_GuiGroup>> LoadedChildren() override { return mGuiGroups; }
@@ -118,6 +122,8 @@ private:
     Ref<TypedList<IBase_GuiBlock>> mBlocks;     // Nothing until the groups are loaded
     Ref<TypedList<IBase_SpecGroup>> mGroups;    // Nothing until then: the one test for it
     Ref<TypedList<IBase_GuiGroup>> mGuiGroups;  // a view of the same list
+    // All groups that were made: hosts may clear the lists, and a group of the same id takes another one's place there.
+    std::vector<Ref<IBase_SpecGroup>> mMadeGroups;
     CallbackList<IBase_CallbackParameter> mCallbacks;
     bool mScriptAccess = false;
     Ref<IBase_GuiParameter> mMainValue;

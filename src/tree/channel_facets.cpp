@@ -32,8 +32,9 @@ bool Channel::Compare(IBase_SpecChannel* other, std::optional<eParameterKind> ki
     if (!other) return false;
     if (!LoadGroups()) return true;
     bool same = true;
+    const Ref<TypedList<IBase_SpecGroup>> groups = mGroups;
     const Ref<CBase_SpecGroupCollection> theirs = other->groups();
-    mGroups->ForEach([&](IBase_SpecGroup& group) {
+    groups->ForEach([&](IBase_SpecGroup& group) {
         const Ref<IBase_SpecGroup> twin = theirs ? theirs->get_Item(ToText(group.id())) : nullptr;
         return same = twin && group.Compare(twin.get(), kind);
     });
@@ -41,6 +42,7 @@ bool Channel::Compare(IBase_SpecChannel* other, std::optional<eParameterKind> ki
 }
 
 void Channel::PassOn(ParameterEvent event, IBase_GuiParameter* p) {
+    const Ref<Channel> alive = this;
     TellAll(mCallbacks, event, p);
     if (const auto module = facet<IBase_CallbackParameter>(mModule)) (module.get()->*event)(p);
 }

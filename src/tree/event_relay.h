@@ -37,7 +37,7 @@ protected:
 /// Tells all listeners in their order. What one of them raises ends the round.
 /// @throws RuntimeError 28 where that never ends: any node may be registered as a listener, so nodes can form a ring
 inline void TellAll(CallbackList<IBase_CallbackParameter>& listeners, ParameterEvent event, IBase_GuiParameter* p) {
-    constexpr std::size_t kMostRounds = 300;  // inside each other; a write takes four: group, block, channel, module
+    constexpr std::size_t kMostRounds = 300;  // inside each other: one more for each listener that writes, or is a node
     static std::size_t rounds = 0;
     if (rounds >= kMostRounds) Raise(ErrorNumber::OutOfStackSpace);
     struct Round {

@@ -18,6 +18,7 @@ Variant RowOf(CBase_ParamDependency& dependency) {
 }  // namespace
 
 void Group::UpdateDependencies() {
+    const Ref<Group> alive = this;
     if (SettleAlone(*this, &Group::ReconfigurationPass)) return;
     if (const Ref<Channel> channel = mChannel) channel->UpdateDependencies();
 }

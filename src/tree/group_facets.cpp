@@ -56,8 +56,9 @@ bool Group::Compare(IBase_SpecGroup* other, std::optional<eParameterKind> kind) 
     if (!other) return false;
     if (!LoadParameters()) return true;
     bool same = true;
+    const Ref<TypedList<IBase_SpecParameter>> parameters = mParameters;
     const Ref<CBase_SpecParameterCollection> theirs = other->parameters();
-    mParameters->ForEach([&](IBase_SpecParameter& parameter) {
+    parameters->ForEach([&](IBase_SpecParameter& parameter) {
         if (!MatchesKind(parameter.kind(), kind.value_or(eParamKindAllKinds))) return true;
         const Ref<IBase_SpecParameter> twin = theirs ? theirs->get_Item(ToText(parameter.id())) : nullptr;
         return same = twin && parameter.Compare(twin.get());
@@ -67,6 +68,7 @@ bool Group::Compare(IBase_SpecGroup* other, std::optional<eParameterKind> kind) 
 
 // First the group's own listeners, then the blocks in which it stands, then the channel.
 void Group::PassOn(ParameterEvent event, IBase_GuiParameter* p) {
+    const Ref<Group> alive = this;
     TellAll(mCallbacks, event, p);
     if (const Ref<TypedList<IBase_GuiBlock>> blocks = mBlocks) {
         blocks->ForEach([&](IBase_GuiBlock& block) {

@@ -23,6 +23,7 @@ void Group::Config(Channel* channel, const tBaseDescriptorDB& desc) {
 
 bool Group::LoadParameters() {
     if (mParameters) return true;
+    const Ref<Group> alive = this;
     if (GlobalDiagnostics().timing && DebugOutput()) {
         LogEntry(Dispatch(), u"Id '" + TextForLog(mId) + u"': LoadParameters():");
     }
@@ -39,10 +40,10 @@ void Group::ReadParameters() {
     mGuiParameters = MakeObject<TypedList<IBase_GuiParameter>>();
     mParameters = MakeObject<TypedList<IBase_SpecParameter>>();
     mParameters->SetUnderlying(mGuiParameters->Underlying());
-    if (!Services() || !Services()->GetDB()) Raise(ErrorNumber::ObjectVariableNotSet);
-    mScriptHost->BindGroup(this);
     tBaseDescriptorDB desc;
-    desc.db = Services()->GetDB();
+    if (const Ref<ModuleServices> module = Module()) desc.db = module->GetDB();
+    if (!desc.db || !mScriptHost) Raise(ErrorNumber::ObjectVariableNotSet);
+    mScriptHost->BindGroup(this);
     desc.rs = desc.db->OpenRecordset(u"SELECT * FROM [Parameters] WHERE [GroupType] = " +
                                          Text::FromInteger(mGroupType) + u" ORDER BY [order],[ParameterId]",
                                      RecordsetType::dbOpenDynaset, RecordsetOptions::dbReadOnly);
@@ -54,7 +55,9 @@ void Group::ReadParameters() {
     Variant lastId;
     bool first = true;
     for (; !desc.rs->Eof(); desc.rs->MoveNext()) {
-        if (!IsWanted(*desc.rs, filter)) continue;
+        const bool wanted = IsWanted(*desc.rs, filter);
+        if (!mChannel) Raise(ErrorNumber::ObjectVariableNotSet);  // a rule has ended the tree
+        if (!wanted) continue;
         const Variant id = FieldValue(*desc.rs, u"parameterID");
         if (first || !EqualValues(id, lastId)) {
             if (parameter) parameter->dependencies()->MoveFirst();
@@ -89,6 +92,10 @@ Ref<IBase_Internal> Group::CreateParameter(const tBaseDescriptorDB& descriptor) 
         return nullptr;
     }
     parameter->Config(static_cast<IBase_GuiGroup*>(this), BoxRecord(descriptor));
+    if (!mChannel) {
+        parameter->Unload();  // its rules have ended the tree, which did not know it yet
+        Raise(ErrorNumber::ObjectVariableNotSet);
+    }
     return parameter;
 }
 

@@ -45,6 +45,7 @@ Variant Group::EvaluateRawScript(const Text& text, bool silent, bool textFallbac
 }
 
 Variant Group::EvaluateFrom(std::size_t begin, const Text& text, bool silent, bool textFallback) {
+    const Ref<Group> alive = this;
     if (!LoadParameters() || !mScriptHost) return Variant();
     const Ref<GroupScripting> host = mScriptHost;  // a script may unload the tree under itself
     return EvaluateOnHost(*host, Dispatch(), mId, text, begin, silent, textFallback);

@@ -16,12 +16,13 @@ using KindMask = std::optional<eParameterKind>;
 enum class KindWalk { Question, Command };
 
 /// The face @p Face of a node over children of the face @p Child: whatever is not there yet is loaded where it may
-/// matter, and where it cannot it stays away.
+/// matter, and where it cannot it stays away. Children run rules and tell listeners, so a walk holds its node.
 template <class Face, class Child>
 class KindFolds : public Facet<Face> {
 public:
     /// True unless a child says False; False if the children cannot be loaded.
     bool consistent(KindMask kind) override {
+        const Ref<Face> alive = this;
         if (!LoadChildren()) return false;
         const Ref<Child> failing = First(kind, [&](Child& child) { return !Ask(child, &Child::consistent, kind); });
         if (failing) NoteInconsistent(*failing);
@@ -45,6 +46,7 @@ protected:
 
     template <class Member>
     void LoadAndTell(Member member, KindMask kind) {
+        const Ref<Face> alive = this;
         if (LoadChildren()) Tell(member, kind);
     }
 
@@ -68,6 +70,7 @@ private:
     }
     template <class Member>
     void Tell(Member member, KindMask kind) {
+        const Ref<Face> alive = this;
         if (const Ref<TypedList<Child>> children = LoadedChildren()) {
             children->ForEach([&](Child& child) {
                 if (Concerns(child, kind, KindWalk::Command)) Ask(child, member, kind);

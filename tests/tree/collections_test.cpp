@@ -1,8 +1,7 @@
-// The typed collections and the linked list, by themselves.
+// The typed collections, by themselves.
 #include <memory>
 
 #include "platform/script/script_control.h"
-#include "tree/linked_list.h"
 #include "tree/tree_testing.h"
 #include "tree/typed_collection.h"
 
@@ -62,61 +61,6 @@ TEST_F(Collections, TwoViewsShowOneListEachInItsOwnWay) {
     engine.ExecuteStatement(u"For Each p In guis : s = s & p.editable & \" \" : Next");
     engine.ExecuteStatement(u"For Each p In specs : s = s & p.valid & \" \" : Next");
     EXPECT_EQ(ToText(engine.Eval(u"s")), u"True True True True ");
-}
-
-// The keys from first to last, checked backwards as well.
-std::string Keys(const CLinkedList& list) {
-    std::string keys, back;
-    for (const auto* e = list.first(); e; e = e->after()) {
-        keys += ToText(e->key).ToUtf8() + (e->data.IsEmpty() ? "" : ToText(e->data).ToUtf8()) + " ";
-    }
-    for (const auto* e = list.last(); e; e = e->before()) {
-        back = ToText(e->key).ToUtf8() + (e->data.IsEmpty() ? "" : ToText(e->data).ToUtf8()) + " " + back;
-    }
-    EXPECT_EQ(keys, back);
-    return keys;
-}
-
-TEST(LinkedList, KeepsAnOrder) {
-    CLinkedList up, down, free;
-    for (const int key : {5, 3, 4}) {
-        up.InsertKeyAscending(key);
-        down.InsertKeyDescending(key);
-    }
-    EXPECT_EQ(Keys(up), "3 4 5 ");
-    EXPECT_EQ(Keys(down), "5 4 3 ");
-    for (const char16_t* data : {u"a", u"b"}) {
-        free.InsertKeyAscending(Variant(2))->data = data;
-    }
-    EXPECT_EQ(Keys(free), "2a 2b ");
-    EXPECT_EQ(ToText(free.FindKey(2, nullptr, CLinkedList::Direction::Backward)->data), u"b");
-    EXPECT_EQ(free.FindKey(2, free.last()), free.last()) << "the start counts";
-    EXPECT_FALSE(free.FindKey(3) || free.FindBiggerKey(2) || free.FindLowerKey(2));
-    EXPECT_EQ(up.FindBiggerKey(3, nullptr, CLinkedList::Direction::Backward), up.last());
-    EXPECT_EQ(up.FindLowerKey(u"5"), up.FindKey(3.0)) << "keys compare by value";
-    up.InsertKeyAfter(u"text");
-    EXPECT_THROW(up.FindBiggerKey(Variant(MakeObject<Collection>()->Dispatch())), RuntimeError);
-}
-
-TEST(LinkedList, MovesAndRemoves) {
-    CLinkedList list;
-    auto* one = list.InsertKeyAfter(1);
-    auto* two = list.InsertKeyAfter(2);
-    list.InsertKeyBefore(0);
-    list.InsertKeyAfter(9, one);
-    list.InsertKeyBefore(8, two);
-    EXPECT_EQ(Keys(list), "0 1 9 8 2 ");
-    list.InsertBefore(two);
-    list.InsertAfter(one);
-    list.InsertAfter(nullptr);
-    list.InsertBefore(one, one);
-    EXPECT_EQ(Keys(list), "2 0 9 8 1 ");
-    list.Remove(nullptr);
-    EXPECT_FALSE(list.RemoveKey(7));
-    for (const int key : {9, 2, 1, 0, 8}) {
-        delete list.RemoveKey(key);
-    }
-    EXPECT_FALSE(list.first() || list.last());
 }
 
 }  // namespace

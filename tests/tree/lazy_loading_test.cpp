@@ -211,6 +211,13 @@ TEST_F(LazyLoading, BlocksShowTheirGroupsByPosition) {
     EXPECT_EQ(blocks->get_Item(u"20")->name(), u"");
     EXPECT_EQ(blocks->get_Item(u"20")->channel(), Channel()->Gui());
     EXPECT_EQ(blocks->get_first()->groups()->get_first(), Group(u"2")->Gui());
+    // Group 1 makes block 5, group 2 block 6 of the same id, which takes its place; so group 3 makes another block 5.
+    Load(
+        "UPDATE Blocks SET BlockId = 10; UPDATE [Groups] SET block1 = NULL, block2 = 6 WHERE groupId = 2;"
+        "INSERT INTO [Groups] SELECT 1, 9, 3, NULL, 5, 1, NULL, NULL, NULL, NULL, NULL, NULL");
+    EXPECT_EQ(Ids(Channel()->Gui()->blocks()), "10 ");
+    EXPECT_EQ(Ids(Channel()->Gui()->blocks()->get_first()->groups()), "3 ");
+    EXPECT_EQ(Ids(Group()->Gui()->blocks()->get_first()->groups()), "1 ");
 }
 
 }  // namespace

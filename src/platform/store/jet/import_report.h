@@ -16,7 +16,7 @@ struct ImportReport {
     };
 
     std::vector<Table> tables;
-    std::vector<std::string> losses;  ///< a line for each thing that is missing: all of a link or query, rows
+    std::vector<std::string> losses;  ///< a line for each: links, queries, properties, rows, pages
     bool isDamaged = false;           ///< something is missing because it cannot be read
 };
 

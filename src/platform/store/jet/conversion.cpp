@@ -19,7 +19,7 @@ ImportReport Convert(const Text& source, const Text& password, const std::string
     if (code != SQLITE_OK) sqlite::RaiseEngineError(db, code);
     // A file that did not become whole is thrown away, so it needs no journal.
     RunSql(db, "PRAGMA journal_mode = OFF; PRAGMA synchronous = OFF");
-    return Import(*file, db);
+    return Import(*file, db, "NOCASE");  // the nearest that every reader of SQLite files knows
 }
 
 }  // namespace ov::jet

@@ -10,6 +10,7 @@
 #include <utility>
 
 #include "platform/store/sqlite/engine_error.h"
+#include "platform/store/sqlite/text_collation.h"
 
 namespace ov::jet {
 
@@ -65,6 +66,7 @@ sqlite::Handle OpenMemory() {
     sqlite::Handle handle(db);
     if (!db) Raise(ErrorNumber::OutOfMemory);
     if (code != SQLITE_OK) sqlite::RaiseEngineError(db, code);
+    if (sqlite::AddTextCollation(db) != SQLITE_OK) sqlite::RaiseEngineError(db, SQLITE_NOMEM);
     return handle;
 }
 
@@ -95,9 +97,9 @@ std::shared_ptr<sqlite::Connection> OpenFile(const std::string& path, bool exclu
     std::optional<PageFile> file = ReadFile(path, exclusive, password);
     if (!file) return nullptr;
     sqlite::Handle db = OpenMemory();
-    if (Import(*file, db.get()).isDamaged) Raise(ErrorNumber::ObjectDamaged);
+    if (Import(*file, db.get(), sqlite::kTextCollation).isDamaged) Raise(ErrorNumber::ObjectDamaged);
     file.reset();
-    return std::make_shared<sqlite::Connection>(std::move(db));
+    return std::make_shared<sqlite::Connection>(std::move(db), sqlite::Connection::Texts::IgnoreCase);
 }
 
 }  // namespace ov::jet

@@ -19,7 +19,8 @@ std::string Words(const RuntimeError& error) {
 
 class Importer {
 public:
-    Importer(PageFile& file, sqlite3* db) : mFile(file), mDb(db), mValues(file) {}
+    Importer(PageFile& file, sqlite3* db, const char* textCollation)
+        : mFile(file), mDb(db), mTextCollation(textCollation), mValues(file) {}
 
     ImportReport Run() {
         const Catalogue catalogue = ReadCatalogue(mFile, mValues);
@@ -41,7 +42,7 @@ private:
             if (!mDefinitions.insert(entry.definitionPage).second) Raise(ErrorNumber::ObjectDamaged);
             const TableDefinition table = ReadTableDefinition(mFile, entry.definitionPage, mValues.text());
             if (table.columns.empty()) Raise(ErrorNumber::ObjectDamaged);
-            RunSql(mDb, CreateTableSql(entry.name, table));
+            RunSql(mDb, CreateTableSql(entry.name, table, mTextCollation));
             mReport.tables.push_back({entry.name, 0});
             CopyRows(table, mReport.tables.back());
         } catch (const RuntimeError& error) {
@@ -119,6 +120,7 @@ private:
 
     PageFile& mFile;
     sqlite3* mDb;
+    const char* mTextCollation;
     ValueReader mValues;
     std::set<std::uint32_t> mDefinitions;
     ImportReport mReport;
@@ -126,8 +128,8 @@ private:
 
 }  // namespace
 
-ImportReport Import(PageFile& file, sqlite3* db) {
-    return Importer(file, db).Run();
+ImportReport Import(PageFile& file, sqlite3* db, const char* textCollation) {
+    return Importer(file, db, textCollation).Run();
 }
 
 }  // namespace ov::jet

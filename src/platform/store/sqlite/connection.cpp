@@ -5,7 +5,9 @@
 
 #include "platform/automation/errors.h"
 #include "platform/store/sqlite/engine_error.h"
-#include "platform/store/sqlite/sql_functions.h"
+#include "platform/store/sqlite/text_collation.h"
+#include "platform/store/statement_timeout.h"
+#include "platform/system/deadline.h"
 
 namespace ov::sqlite {
 
@@ -31,6 +33,7 @@ void Secure(sqlite3* db) {
     // Far above what a descriptor needs.
     for (const Limit limit : {Limit{SQLITE_LIMIT_LENGTH, 16 << 20}, Limit{SQLITE_LIMIT_SQL_LENGTH, 1 << 20},
                               Limit{SQLITE_LIMIT_EXPR_DEPTH, 500}, Limit{SQLITE_LIMIT_COMPOUND_SELECT, 100},
+                              Limit{SQLITE_LIMIT_LIKE_PATTERN_LENGTH, 100},
                               Limit{SQLITE_LIMIT_ATTACHED, 0}, Limit{SQLITE_LIMIT_TRIGGER_DEPTH, 1}}) {
         sqlite3_limit(db, limit.id, limit.value);
     }
@@ -65,9 +68,8 @@ private:
     Connection& mConnection;
 };
 
-Connection::Connection(Handle db) : mDb(std::move(db)) {
+Connection::Connection(Handle db, Texts texts) : mDb(std::move(db)), mTexts(texts), mFunctions(mDb.get(), *this) {
     Secure(mDb.get());
-    Check(mDb.get(), AddSqlFunctions(mDb.get()));
     Check(mDb.get(), sqlite3_set_authorizer(mDb.get(), &Authorize, this));
 }
 
@@ -85,7 +87,7 @@ int Connection::Authorize(void* self, int action, const char*, const char* secon
     }
 }
 
-bool Connection::ReadFirst() {
+bool Connection::ReadFirstTime() {
     const int code = sqlite3_exec(mDb.get(), "SELECT 1 FROM sqlite_schema", nullptr, nullptr, nullptr);
     if ((code & 0xFF) == SQLITE_NOTADB) return false;
     Check(mDb.get(), code);
@@ -102,7 +104,7 @@ void Connection::ReadSchema() {
     for (std::size_t row = 0; row < rows.size(); ++row) {
         const Cell& name = rows[row][0];
         if (name.kind == CellKind::Text) {
-            schema.push_back({Text::FromUtf8(name.Bytes()), rows[row][1].integer != 0, nullptr});
+            schema.push_back({Text::FromUtf8(name.Bytes()), rows[row][1].integer != 0, nullptr, {}});
         }
     }
     mSchema = std::move(schema);
@@ -136,6 +138,61 @@ std::optional<Text> Connection::FindTableOrView(const Text& name) {
     return entry ? std::optional(entry->name) : std::nullopt;
 }
 
+std::string_view Connection::TextCollation() const noexcept {
+    return mTexts == Texts::IgnoreCase ? kTextCollation : std::string_view();
+}
+
+std::optional<SqlSchema::Source> Connection::FindSource(const std::string& name) {
+    SchemaEntry* entry = FindEntry(Text::FromUtf8(name));
+    if (!entry) return std::nullopt;
+    if (!entry->source) entry->source = DescribeSource(*entry);
+    return entry->source;
+}
+
+SqlSchema::Source Connection::DescribeSource(const SchemaEntry& entry) {
+    const std::string from = " FROM main." + QuoteName(entry.name.ToUtf8());
+    const auto prepare = [&](const std::string& columns) -> std::optional<Statement> {
+        try {
+            return Statement(mDb.get(), "SELECT " + columns + from);
+        } catch (const RuntimeError&) {
+            return std::nullopt;  // a view that does not work, a table without row numbers
+        }
+    };
+    Source source;
+    const std::optional<Statement> all = prepare("*");
+    if (!all) return source;
+    const RowShape& shape = *mShapes.Of(all->get());
+    auto columns = std::make_shared<SqlNamedTypes>();
+    for (std::size_t i = 0; i < shape.columns.size(); ++i) {
+        columns->push_back({(*shape.names)[i].ToUtf8(), shape.columns[i].type});
+    }
+    for (const char* name : {"rowid", "_rowid_", "oid"}) {
+        const auto isName = [&](const SqlNamedType& column) { return SameName(column.name, name); };
+        if (!entry.isTable || std::ranges::any_of(*columns, isName)) continue;
+        if (prepare(name)) source.rowNumber = name;
+        break;
+    }
+    source.columns = std::move(columns);
+    return source;
+}
+
+// A query inside a query goes on with the outer one's time.
+Variant Connection::ReadFirst(const std::string& sql) {
+    constexpr int kMostDepth = 8;
+    if (mDomainDepth >= kMostDepth) throw BadQuery(u"expression is nested too deeply");
+    struct Depth {
+        explicit Depth(int& depth) : mDepth(depth) { ++mDepth; }
+        Depth(const Depth&) = delete;
+        Depth& operator=(const Depth&) = delete;
+        ~Depth() { --mDepth; }
+        int& mDepth;
+    } depth(mDomainDepth);
+    const SqliteQuery rewritten = SqlText(sql).Rewrite(*this);
+    Query query = Compile(rewritten);
+    const RowStore rows = Rows(query, rewritten.values, 1);
+    return rows.size() > 0 && rows.Width() > 0 ? Decode(rows[0][0], query.shape->columns[0].type) : Variant::Null();
+}
+
 std::vector<Text> Connection::TableNames() {
     ReadSchema();
     std::vector<Text> names;
@@ -161,12 +218,18 @@ std::vector<std::string> Connection::ReadKeyNames(const std::string& table) {
 }
 
 QueryResult Connection::RunQuery(const SqlText& sql) {
-    const SqliteQuery rewritten = sql.Rewrite();
+    const Deadline deadline(StatementTimeout());
+    const SqliteQuery rewritten = sql.Rewrite(*this);
     Query& query = FindQuery(rewritten);
-    for (std::size_t i = 0; i < rewritten.values.size(); ++i) {
-        if (!query.statement.Bind(static_cast<int>(i) + 1, rewritten.values[i])) throw BadQuery(u"value is too long");
+    return {query.shape, Rows(query, rewritten.values, Statement::kAllRows)};
+}
+
+RowStore Connection::Rows(Query& query, const std::vector<Variant>& values, std::size_t limit) {
+    const auto places = static_cast<std::size_t>(sqlite3_bind_parameter_count(query.statement.get()));
+    for (std::size_t i = 0; i < std::min(values.size(), places); ++i) {
+        if (!query.statement.Bind(static_cast<int>(i) + 1, values[i])) throw BadQuery(u"value is too long");
     }
-    return {query.shape, query.statement.ReadRows(query.shape->columns.size())};
+    return query.statement.ReadRows(query.shape->columns.size(), limit);
 }
 
 Connection::Query& Connection::FindQuery(const SqliteQuery& query) {

@@ -2,7 +2,7 @@
 #include <array>
 
 #include "platform/locale/locale.h"
-#include "platform/script/vbscript/builtins/arguments.h"
+#include "platform/functions/arguments.h"
 #include "platform/script/vbscript/builtins/themes.h"
 
 namespace ov::vbscript {

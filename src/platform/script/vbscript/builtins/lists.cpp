@@ -2,8 +2,8 @@
 #include <limits>
 
 #include "platform/script/vbscript/builtins/accounted_list.h"
-#include "platform/script/vbscript/builtins/pace.h"
-#include "platform/script/vbscript/builtins/text_finder.h"
+#include "platform/functions/pace.h"
+#include "platform/functions/text_finder.h"
 #include "platform/script/vbscript/builtins/themes.h"
 
 namespace ov::vbscript {

@@ -3,8 +3,8 @@
 #include <limits>
 
 #include "platform/locale/locale.h"
-#include "platform/script/vbscript/builtins/text_finder.h"
-#include "platform/script/vbscript/builtins/themes.h"
+#include "platform/functions/text_finder.h"
+#include "platform/functions/themes.h"
 
 namespace ov::vbscript {
 

@@ -2,9 +2,9 @@
 #include <array>
 
 #include "platform/locale/code_page.h"
-#include "platform/script/vbscript/builtins/arguments.h"
-#include "platform/script/vbscript/builtins/pace.h"
-#include "platform/script/vbscript/builtins/themes.h"
+#include "platform/functions/arguments.h"
+#include "platform/functions/pace.h"
+#include "platform/functions/themes.h"
 
 namespace ov::vbscript {
 

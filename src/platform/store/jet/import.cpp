@@ -5,6 +5,7 @@
 #include <set>
 
 #include "platform/store/jet/catalogue.h"
+#include "platform/store/jet/saved_queries.h"
 #include "platform/store/jet/sql_writer.h"
 
 namespace ov::jet {
@@ -31,6 +32,7 @@ public:
             ImportTable(table);
         }
         ImportProperties(catalogue.tables);
+        mReport.queries = ReadSavedQueries(mFile, mValues, catalogue);
         RunSql(mDb, "COMMIT");
         return std::move(mReport);
     }

@@ -138,6 +138,26 @@ std::optional<Text> Connection::FindTableOrView(const Text& name) {
     return entry ? std::optional(entry->name) : std::nullopt;
 }
 
+std::string Connection::AddView(const std::string& name, const std::string& sql) {
+    try {
+        const std::string text = SqlText(sql).RewriteForView(*this);
+        if (FindEntry(Text::FromUtf8(name))) return "there is a table of its name";
+        const InternalStatements internal(*this);
+        const auto run = [&](const std::string& words) { return sqlite3_exec(mDb.get(), words.c_str(), nullptr, nullptr, nullptr); };
+        const std::string view = "main." + QuoteName(name);
+        Check(mDb.get(), run("CREATE VIEW " + view + " AS " + text));
+        try {
+            const Statement works(mDb.get(), "SELECT * FROM " + view);
+        } catch (const RuntimeError&) {
+            run("DROP VIEW " + view);
+            throw;
+        }
+        return {};
+    } catch (const RuntimeError& error) {
+        return error.description().ToUtf8();
+    }
+}
+
 std::string_view Connection::TextCollation() const noexcept {
     return mTexts == Texts::IgnoreCase ? kTextCollation : std::string_view();
 }

@@ -61,6 +61,12 @@ public:
     std::optional<Text> FindTableOrView(const Text& name);
     std::vector<Text> TableNames();
 
+    /// Makes a view of a query in the words of descriptors. @returns "", or why there is none
+    std::string AddView(const std::string& name, const std::string& sql);
+    /// Keeps a line about something of the file that is not to be had here.
+    void AddLoss(std::string line) { mLosses.push_back(std::move(line)); }
+    const std::vector<std::string>& Losses() const noexcept { return mLosses; }
+
     /// Runs a query, for as long as StatementTimeout allows. Its statement is kept for the next of its form.
     /// @throws RuntimeError 3075, 3061, 3078, 3027, 3001 beyond the time, 7 beyond the memory, others of the engine
     QueryResult RunQuery(const SqlText& sql);
@@ -109,6 +115,7 @@ private:
     bool mInternal = false;  // a statement of this class is being compiled
     RowShapes mShapes;
     std::vector<SchemaEntry> mSchema;
+    std::vector<std::string> mLosses;
     std::list<Query> mQueries;  // the one used last comes first
     std::unordered_map<std::string_view, std::list<Query>::iterator> mQueryIndex;
     std::optional<std::unordered_map<std::u16string, Variant>> mProperties;

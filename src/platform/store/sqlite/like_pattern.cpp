@@ -74,12 +74,14 @@ private:
 }  // namespace
 
 // Only the last "any" is tried again with more characters: a longer match of an earlier one cannot help.
-bool MatchesLike(std::u16string_view text, std::u16string_view pattern, LikeForm form, char16_t escape) noexcept {
+bool MatchesLike(std::u16string_view text, std::u16string_view pattern, LikeForm form, char16_t escape,
+                 const std::function<void()>& step) {
     PatternCursor cursor(pattern, form, escape);
     PatternCursor behindAny = cursor;
     bool hasAny = false;
     std::size_t retryAt = 0;
     for (std::size_t at = 0; at < text.size();) {
+        step();
         if (cursor.AtAny()) {
             cursor.SkipAny();
             behindAny = cursor;

@@ -7,6 +7,7 @@
 #include "platform/automation/operators.h"
 #include "platform/format/format.h"
 #include "platform/functions/arguments.h"
+#include "platform/functions/pace.h"
 #include "platform/functions/themes.h"
 #include "platform/locale/locale.h"
 #include "platform/store/sqlite/iso_date.h"
@@ -202,16 +203,17 @@ Variant Operation(BuiltinContext&, Arguments arguments) {
     return Operator(arguments[0], arguments[1]);
 }
 
-// "text LIKE pattern" calls like(pattern, text).
+// "text LIKE pattern" calls like(pattern, text). It is a condition as SQLite has it: 1 or 0.
 template <LikeForm Form>
-Variant Like(BuiltinContext&, Arguments arguments) {
+Variant Like(BuiltinContext& context, Arguments arguments) {
     char16_t escape = 0;
     if (arguments.size() > 2) {
         const Text text = TextAt(arguments, 2);
         if (text.size() != 1) Raise(ErrorNumber::InvalidProcedureCall);
         escape = text[0];
     }
-    return MatchesLike(TextAt(arguments, 1), TextAt(arguments, 0), Form, escape);
+    vbscript::Pace pace(context);
+    return MatchesLike(TextAt(arguments, 1), TextAt(arguments, 0), Form, escape, [&] { pace.Step(); }) ? 1 : 0;
 }
 
 std::string QuotedTable(const Text& name) {

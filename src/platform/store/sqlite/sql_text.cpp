@@ -63,4 +63,11 @@ SqliteQuery SqlText::Rewrite(SqlSchema& schema) const {
     return query;
 }
 
+std::string SqlText::RewriteForView(SqlSchema& schema) const {
+    const SqlStatement statement = ParseSql(mSql);
+    if (!statement.query) throw BadQuery(u"it is no selection");
+    if (!statement.parameters.empty()) throw BadQuery(u"it has parameters");
+    return SqlWriter(schema, {}, false).Write(*statement.query);
+}
+
 }  // namespace ov::sqlite

@@ -50,6 +50,9 @@ public:
     /// Statements that are no queries stay as they are; they end at SQLite's refusal.
     /// @throws RuntimeError 3075 for bad SQL
     SqliteQuery Rewrite(SqlSchema& schema) const;
+    /// The same with all literals in their places. @throws RuntimeError 3075 for bad SQL, for what is no query, and for
+    /// one with parameters
+    std::string RewriteForView(SqlSchema& schema) const;
 
 private:
     std::string mSql;

@@ -202,7 +202,10 @@ SqlWritten SqlWriter::Binary(const SqlExpression& expression, SqlScope& scope) {
     const auto condition = [](std::string text) {
         return SqlWritten{.text = "(" + std::move(text) + ")", .isCondition = true};
     };
-    if (name == "AND" || name == "OR") return condition(Condition(a, scope) + " " + name + " " + Condition(b, scope));
+    if (name == "AND" || name == "OR") {
+        const std::string left = Condition(a, scope);
+        return condition(left + " " + name + " " + Condition(b, scope));
+    }
     if (name == "XOR") return condition(holds(a) + " <> " + holds(b));
     if (name == "EQV") return condition(holds(a) + " = " + holds(b));
     if (name == "IMP") return condition("NOT " + holds(a) + " OR " + holds(b));
@@ -293,7 +296,7 @@ SqlWritten SqlWriter::In(const SqlExpression& expression, SqlScope& scope) {
             .isCondition = true};
 }
 
-// Null compares as nothing: it is no counterexample and no example.
+// A comparison with Null holds for nothing: it is a counterexample for ALL and no example for ANY.
 SqlWritten SqlWriter::Quantified(const SqlExpression& expression, SqlScope& scope) {
     const Rows rows = Query(*expression.query, &scope);
     SqlWritten each{.text = "[each value]", .type = rows.columns.size() == 1 ? rows.columns[0].type : ColumnType::AsStored,
@@ -301,7 +304,7 @@ SqlWritten SqlWriter::Quantified(const SqlExpression& expression, SqlScope& scop
     const std::string holds = Compared(expression.text, Value(*expression.parts[0], scope), each).text;
     const std::string from = "(WITH [all values]([each value]) AS (" + rows.text +
                              ") SELECT 1 FROM [all values] WHERE " + holds;
-    return {.text = expression.isAll ? "(NOT EXISTS " + from + " IS FALSE))" : "(EXISTS " + from + "))",
+    return {.text = expression.isAll ? "(NOT EXISTS " + from + " IS NOT TRUE))" : "(EXISTS " + from + "))",
             .isCondition = true};
 }
 

@@ -180,7 +180,9 @@ SqlWriter::Rows SqlWriter::Select(const SqlSelect& select, const SqlQuery* order
     }
     std::string from;
     if (select.from) from = " FROM " + Source(*select.from, scope);
-    const std::string columns = ColumnList(select, scope, rows);
+    // Rows that are compared as a whole have to tell how their texts compare.
+    const bool comparesRows = select.isDistinct || !order;
+    const std::string columns = ColumnList(select, comparesRows, scope, rows);
     std::string rest = from;
     if (select.where) rest += " WHERE " + Condition(*select.where, scope);
     std::vector<std::string> groups;
@@ -207,7 +209,7 @@ SqlWriter::Rows SqlWriter::Select(const SqlSelect& select, const SqlQuery* order
 }
 
 // A column without a name has the one that the engine of the descriptors gives: "Expr1000" and on, by its place.
-std::string SqlWriter::ColumnList(const SqlSelect& select, SqlScope& scope, Rows& rows) {
+std::string SqlWriter::ColumnList(const SqlSelect& select, bool comparesRows, SqlScope& scope, Rows& rows) {
     constexpr std::size_t kFirstNumber = 1000;
     std::vector<std::string> written;
     for (std::size_t i = 0; i < select.columns.size(); ++i) {
@@ -225,7 +227,7 @@ std::string SqlWriter::ColumnList(const SqlSelect& select, SqlScope& scope, Rows
         SqlWritten text = Value(value, scope);
         const bool isPlain = value.kind == SqlExpression::Kind::Name && text.isColumn;
         if (text.isCondition) text.text = "-(" + text.text + ")";
-        if (select.isDistinct) text.text = Ordered(text);
+        if (comparesRows && !isPlain) text.text = Ordered(text);
         std::string name = column.alias;
         if (name.empty()) name = isPlain ? value.path.back() : "Expr" + std::to_string(kFirstNumber + i);
         const bool isNamed = !column.alias.empty() || !isPlain;

@@ -52,7 +52,7 @@ private:
     Rows Union(const SqlQuery& query, SqlScope* outer);
     Rows Select(const SqlSelect& select, const SqlQuery* order, SqlScope* outer);
     Rows ValueRows(const SqlSelect& select, SqlScope* outer);
-    std::string ColumnList(const SqlSelect& select, SqlScope& scope, Rows& rows);
+    std::string ColumnList(const SqlSelect& select, bool comparesRows, SqlScope& scope, Rows& rows);
     std::string Source(const SqlSource& source, SqlScope& scope);
     std::string TableSource(const SqlSource& source, SqlScope& scope);
     std::string JoinSource(const SqlSource& source, SqlScope& scope);

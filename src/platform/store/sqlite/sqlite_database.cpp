@@ -11,6 +11,14 @@ Text SqliteDatabase::Version() {
     return Text::FromAscii(sqlite3_libversion());
 }
 
+std::vector<Text> SqliteDatabase::LeftOut() {
+    std::vector<Text> lines;
+    for (const std::string& line : mConnection->Losses()) {
+        lines.push_back(Text::FromUtf8(line));
+    }
+    return lines;
+}
+
 Ref<Recordset> SqliteDatabase::OpenTable(const Text& name) {
     const std::shared_ptr<Table> table = mConnection->FindTable(name);
     if (!table) throw NoSuchTableOrQuery(name);

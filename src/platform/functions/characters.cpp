@@ -1,10 +1,10 @@
 #include <algorithm>
 #include <array>
 
-#include "platform/locale/code_page.h"
 #include "platform/functions/arguments.h"
 #include "platform/functions/pace.h"
 #include "platform/functions/themes.h"
+#include "platform/locale/code_page.h"
 
 namespace ov::vbscript {
 

@@ -1,10 +1,10 @@
 #include <array>
 #include <cmath>
 
-#include "platform/locale/locale.h"
 #include "platform/functions/arguments.h"
 #include "platform/functions/themes.h"
 #include "platform/functions/weeks.h"
+#include "platform/locale/locale.h"
 #include "platform/system/clock.h"
 
 namespace ov::vbscript {

@@ -2,9 +2,9 @@
 #include <array>
 #include <limits>
 
-#include "platform/locale/locale.h"
 #include "platform/functions/text_finder.h"
 #include "platform/functions/themes.h"
+#include "platform/locale/locale.h"
 
 namespace ov::vbscript {
 

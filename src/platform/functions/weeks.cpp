@@ -3,8 +3,8 @@
 #include <array>
 #include <chrono>
 
-#include "platform/locale/locale.h"
 #include "platform/functions/arguments.h"
+#include "platform/locale/locale.h"
 
 namespace ov::vbscript {
 

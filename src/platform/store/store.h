@@ -119,8 +119,8 @@ public:
     virtual Text Version() = 0;
     /// Opens a table by name or a query by its SQL text.
     /// @throws RuntimeError 3078 for no such table or query, 3075 for bad SQL, 3061 for names that the query does not
-    /// know, 3027 for anything that is not a read, 3011 for a damaged file, 3050 for one that another holds, 3001 for a query that
-    /// takes longer than StatementTimeout
+    /// know, 3027 for anything that is not a read, 3011 for a damaged file, 3050 for one that another holds, 3001 for a
+    /// query that takes longer than StatementTimeout
     virtual Ref<Recordset> OpenRecordset(const Text& source, std::optional<RecordsetType> type = {},
                                          std::optional<RecordsetOptions> options = {}) = 0;
     /// The names of the tables that a descriptor brought, in the order of their creation.

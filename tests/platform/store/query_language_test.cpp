@@ -28,7 +28,9 @@ JetTable Table(const char* name, std::vector<testing::JetColumn> columns, std::v
     return table;
 }
 
-constexpr std::int64_t operator""_n(unsigned long long value) { return static_cast<std::int64_t>(value); }
+constexpr std::int64_t operator""_n(unsigned long long value) {
+    return static_cast<std::int64_t>(value);
+}
 
 // The same rows in both kinds of file.
 class QueryLanguage : public ::testing::TestWithParam<const char*> {
@@ -37,22 +39,32 @@ protected:
         std::string path = mFile.Path().ToUtf8();
         if (IsJet()) {
             path = mFolder / "device.mdb";
-            testing::WriteJet({jet::Version::Jet4, "", 0,
-                      {Table("Motor",
-                             {{"id", ColumnType::Long, true}, {"name", ColumnType::Text}, {"flag", ColumnType::Boolean},
-                              {"n", ColumnType::Long}, {"made", ColumnType::Date}, {"price", ColumnType::Double}},
-                             {{3_n, "Beta", false, 30_n, 36892.0, 2.5},
-                              {1_n, "alpha", true, 10_n, 36526.0, 1.5},
-                              {2_n, "GAMMA", true, {}, {}, 3.5},
-                              {4_n, {}, false, 30_n, 36892.5, 4.5}}),
-                       Table("Part",
-                             {{"first", ColumnType::Text, true}, {"second", ColumnType::Long, true},
-                              {"text", ColumnType::Text}, {"motor", ColumnType::Long}},
-                             {{"b", 2_n, "w", 1_n}, {"a", 9_n, "x", 3_n}, {"b", 1_n, "y", 3_n}, {"a", 1_n, "z", 9_n}})}},
-                     path);
+            testing::WriteJet(
+                {jet::Version::Jet4,
+                 "",
+                 0,
+                 {Table("Motor",
+                        {{"id", ColumnType::Long, true},
+                         {"name", ColumnType::Text},
+                         {"flag", ColumnType::Boolean},
+                         {"n", ColumnType::Long},
+                         {"made", ColumnType::Date},
+                         {"price", ColumnType::Double}},
+                        {{3_n, "Beta", false, 30_n, 36892.0, 2.5},
+                         {1_n, "alpha", true, 10_n, 36526.0, 1.5},
+                         {2_n, "GAMMA", true, {}, {}, 3.5},
+                         {4_n, {}, false, 30_n, 36892.5, 4.5}}),
+                  Table("Part",
+                        {{"first", ColumnType::Text, true},
+                         {"second", ColumnType::Long, true},
+                         {"text", ColumnType::Text},
+                         {"motor", ColumnType::Long}},
+                        {{"b", 2_n, "w", 1_n}, {"a", 9_n, "x", 3_n}, {"b", 1_n, "y", 3_n}, {"a", 1_n, "z", 9_n}})}},
+                path);
         }
-        mDb = DefaultStoreEngine().CreateWorkspace(u"t", u"Admin", u"")->OpenDatabase(Text::FromUtf8(path), false, true,
-                                                                                       u"");
+        mDb = DefaultStoreEngine()
+                  .CreateWorkspace(u"t", u"Admin", u"")
+                  ->OpenDatabase(Text::FromUtf8(path), false, true, u"");
     }
     static bool IsJet() { return std::string(GetParam()) == "Jet"; }
     std::string Rows(const std::string& sql) {
@@ -92,7 +104,8 @@ constexpr Query kQueries[] = {
     {"SELECT second FROM Part WHERE first = 'a'", "9 1"},
     {"SELECT [text] FROM Part WHERE first > ''", "w x y z"},
     {"SELECT Motor.id, [text] FROM Motor INNER JOIN Part ON Motor.id = Part.motor", "3,x 3,y 1,w"},
-    {"SELECT Part.[text], m.id FROM (Part LEFT JOIN Motor AS m ON Part.motor = m.id) LEFT JOIN Motor ON Motor.id = m.id",
+    {"SELECT Part.[text], m.id FROM (Part LEFT JOIN Motor AS m ON Part.motor = m.id) LEFT JOIN Motor ON Motor.id = "
+     "m.id",
      "w,1 x,3 y,3 z,Null"},
     {"SELECT id FROM Motor ORDER BY n", "2 1 3 4"},
     {"SELECT id FROM (SELECT id FROM Motor WHERE id > 1)", "3 2 4"},
@@ -166,9 +179,11 @@ constexpr Query kQueries[] = {
     {"SELECT * FROM Nowhere", "error 3078"},
     {"SELECT id INTO copy FROM Motor", "error 3027"},
     // Functions.
-    {"SELECT IsNull(name), IsNumeric('12'), IsNumeric('x'), IsDate('2001-01-01') FROM Motor WHERE id = 4", "-1,-1,0,-1"},
+    {"SELECT IsNull(name), IsNumeric('12'), IsNumeric('x'), IsDate('2001-01-01') FROM Motor WHERE id = 4",
+     "-1,-1,0,-1"},
     {"SELECT id FROM Motor WHERE IsNull(name) OR NOT IsNull(n) AND n < 20 ORDER BY id", "1 4"},
-    {"SELECT CInt(2.5), CDbl('1.5'), CSng(0.5), CByte(7), CCur(1.23456), CBool(5), CVar('x')", "2,1.5,0.5,7,1.2346,-1,x"},
+    {"SELECT CInt(2.5), CDbl('1.5'), CSng(0.5), CByte(7), CCur(1.23456), CBool(5), CVar('x')",
+     "2,1.5,0.5,7,1.2346,-1,x"},
     {"SELECT CSng(0.1) & '', Str(5), Str(-5), Str(1.5), Val('12x')", "0.1, 5,-5, 1.5,12"},
     {"SELECT Int(-2.5), Fix(-2.5), Sgn(-3), Abs(-3), Sqr(9), Round(2.5), Round(2.345, 2), Log(1), Exp(0)",
      "-3,-2,-1,3,3,2,2.35,0,1"},
@@ -227,7 +242,8 @@ TEST_P(QueryLanguage, EndlessQueriesEnd) {
 }
 
 TEST_P(QueryLanguage, ColumnsWithoutNameAreNumbered) {
-    const Ref<Recordset> rows = mDb->OpenRecordset(u"SELECT id, Count(*), Max(n) AS top, made FROM Motor GROUP BY id, made");
+    const Ref<Recordset> rows =
+        mDb->OpenRecordset(u"SELECT id, Count(*), Max(n) AS top, made FROM Motor GROUP BY id, made");
     EXPECT_EQ((*rows->Columns())[1], u"Expr1001");
     EXPECT_EQ((*rows->Columns())[2], u"top");
     EXPECT_EQ(Describe(rows->ValueAt(3)).substr(0, 4), "Date");

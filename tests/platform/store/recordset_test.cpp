@@ -270,8 +270,8 @@ TEST_F(StoreRecordset, FieldsByNameAndByNumber) {
     // As a script sees it: fields, and by default their values.
     Variant name = u"Text_9";
     Arguments arguments{{&name, 1}};
-    const Variant field = texts->Invoke(kDispIdValue, CallKind::Call, arguments);
-    EXPECT_EQ(ToText(field), u"three");
+    const Variant single = texts->Invoke(kDispIdValue, CallKind::Call, arguments);
+    EXPECT_EQ(ToText(single), u"three");
 }
 
 TEST_F(StoreRecordset, FieldPropertiesFollowAColumnIntoQueries) {

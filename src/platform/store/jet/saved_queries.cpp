@@ -43,8 +43,7 @@ using Parts = std::vector<QueryPart>;
 class PartReader {
 public:
     PartReader(ValueReader& values, const TableDefinition& table) : mValues(values) {
-        static constexpr std::array kNames = {"ObjectId", "Attribute",  "Order", "Name1",
-                                              "Name2",    "Expression", "Flag"};
+        static constexpr std::array kNames = {"ObjectId", "Attribute", "Order", "Name1", "Name2", "Expression", "Flag"};
         for (std::size_t i = 0; i < kNames.size(); ++i) {
             const auto found = std::ranges::find(table.columns, kNames[i], &Column::name);
             if (found == table.columns.end()) Raise(ErrorNumber::ObjectDamaged);
@@ -169,7 +168,8 @@ private:
         const auto whole = [](const Joined& group) {
             return group.names.size() > 1 ? "(" + group.text + ")" : group.text;
         };
-        left->text = whole(*left) + kWords[static_cast<std::size_t>(join.flag) - 1] + whole(*right) + " ON " + condition;
+        left->text =
+            whole(*left) + kWords[static_cast<std::size_t>(join.flag) - 1] + whole(*right) + " ON " + condition;
         left->names.insert(left->names.end(), right->names.begin(), right->names.end());
         groups.erase(right);
     }

@@ -33,8 +33,8 @@ void Secure(sqlite3* db) {
     // Far above what a descriptor needs.
     for (const Limit limit : {Limit{SQLITE_LIMIT_LENGTH, 16 << 20}, Limit{SQLITE_LIMIT_SQL_LENGTH, 1 << 20},
                               Limit{SQLITE_LIMIT_EXPR_DEPTH, 500}, Limit{SQLITE_LIMIT_COMPOUND_SELECT, 100},
-                              Limit{SQLITE_LIMIT_LIKE_PATTERN_LENGTH, 100},
-                              Limit{SQLITE_LIMIT_ATTACHED, 0}, Limit{SQLITE_LIMIT_TRIGGER_DEPTH, 1}}) {
+                              Limit{SQLITE_LIMIT_LIKE_PATTERN_LENGTH, 100}, Limit{SQLITE_LIMIT_ATTACHED, 0},
+                              Limit{SQLITE_LIMIT_TRIGGER_DEPTH, 1}}) {
         sqlite3_limit(db, limit.id, limit.value);
     }
 }
@@ -97,14 +97,17 @@ bool Connection::ReadFirstTime() {
 void Connection::ReadSchema() {
     // The order of the rows is that of creation.
     Statement statement(mDb.get(),
-                        "SELECT name, type = 'table' FROM sqlite_schema"
+                        "SELECT name, type = 'table', sql FROM sqlite_schema"
                         " WHERE type IN ('table', 'view') AND lower(substr(name, 1, 7)) <> 'sqlite_' ORDER BY rowid");
-    const RowStore rows = statement.ReadRows(2);
+    const RowStore rows = statement.ReadRows(3);
     std::vector<SchemaEntry> schema;
     for (std::size_t row = 0; row < rows.size(); ++row) {
         const Cell& name = rows[row][0];
         if (name.kind == CellKind::Text) {
-            schema.push_back({Text::FromUtf8(name.Bytes()), rows[row][1].integer != 0, nullptr, {}});
+            const bool isTable = rows[row][1].integer != 0;
+            const Cell& sql = rows[row][2];
+            SchemaEntry& entry = schema.emplace_back(SchemaEntry{Text::FromUtf8(name.Bytes()), isTable, nullptr});
+            if (!isTable && sql.kind == CellKind::Text) entry.sql = sql.Bytes();
         }
     }
     mSchema = std::move(schema);
@@ -134,8 +137,10 @@ std::shared_ptr<Table> Connection::FindTable(const Text& name) {
 }
 
 std::optional<Text> Connection::FindTableOrView(const Text& name) {
-    const SchemaEntry* entry = FindEntry(name);
-    return entry ? std::optional(entry->name) : std::nullopt;
+    SchemaEntry* entry = FindEntry(name);
+    if (!entry) return std::nullopt;
+    CheckWeight(*entry);
+    return entry->name;
 }
 
 std::string Connection::AddView(const std::string& name, const std::string& sql) {
@@ -143,7 +148,9 @@ std::string Connection::AddView(const std::string& name, const std::string& sql)
         const std::string text = SqlText(sql).RewriteForView(*this);
         if (FindEntry(Text::FromUtf8(name))) return "there is a table of its name";
         const InternalStatements internal(*this);
-        const auto run = [&](const std::string& words) { return sqlite3_exec(mDb.get(), words.c_str(), nullptr, nullptr, nullptr); };
+        const auto run = [&](const std::string& words) {
+            return sqlite3_exec(mDb.get(), words.c_str(), nullptr, nullptr, nullptr);
+        };
         const std::string view = "main." + QuoteName(name);
         Check(mDb.get(), run("CREATE VIEW " + view + " AS " + text));
         try {
@@ -165,8 +172,30 @@ std::string_view Connection::TextCollation() const noexcept {
 std::optional<SqlSchema::Source> Connection::FindSource(const std::string& name) {
     SchemaEntry* entry = FindEntry(Text::FromUtf8(name));
     if (!entry) return std::nullopt;
+    CheckWeight(*entry);
     if (!entry->source) entry->source = DescribeSource(*entry);
     return entry->source;
+}
+
+// A query is compiled with all that its views stand for, and views of views can be made to double it again and again.
+std::size_t Connection::WeightOf(SchemaEntry& entry) {
+    if (entry.isTable) return 0;
+    if (entry.weight > 0) return entry.weight;
+    entry.weight = 1;  // of one that stands on itself, which is an error of its own
+    std::size_t weight = 1;
+    for (const SqlToken& token : ReadSqlTokens(entry.sql)) {
+        if (token.kind == SqlTokenKind::Space || token.kind == SqlTokenKind::Symbol) continue;
+        const Text word = Text::FromUtf8(token.Content());
+        const auto named =
+            std::ranges::find_if(mSchema, [&](const SchemaEntry& each) { return EqualNoCase(each.name, word); });
+        if (named != mSchema.end() && &*named != &entry) weight = std::min(weight + WeightOf(*named), kMaxWeight + 1);
+    }
+    entry.weight = weight;
+    return weight;
+}
+
+void Connection::CheckWeight(SchemaEntry& entry) {
+    if (WeightOf(entry) > kMaxWeight) throw BadQuery(u"view '" + entry.name + u"' stands on too many others");
 }
 
 SqlSchema::Source Connection::DescribeSource(const SchemaEntry& entry) {

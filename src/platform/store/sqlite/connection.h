@@ -80,8 +80,10 @@ private:
     struct SchemaEntry {
         Text name;
         bool isTable;
-        std::shared_ptr<Table> table;     // once somebody has asked for it
+        std::shared_ptr<Table> table;    // once somebody has asked for it
         std::optional<Source> source{};  // likewise, for a query
+        std::string sql{};               // that made a view
+        std::size_t weight = 0;          // of a view, once it is known: the views that it stands for, itself included
     };
     struct Query {
         std::string text;
@@ -91,6 +93,7 @@ private:
     class InternalStatements;
 
     static constexpr std::size_t kMaxQueries = 128;
+    static constexpr std::size_t kMaxWeight = 1000;
 
     static int Authorize(void* self, int action, const char* first, const char* second, const char*,
                          const char*) noexcept;
@@ -100,6 +103,8 @@ private:
     Variant ReadFirst(const std::string& sql) override;
 
     Source DescribeSource(const SchemaEntry& entry);
+    std::size_t WeightOf(SchemaEntry& entry);
+    void CheckWeight(SchemaEntry& entry);
     void ReadSchema();
     SchemaEntry* FindEntry(const Text& name);
     std::vector<std::string> ReadKeyNames(const std::string& table);

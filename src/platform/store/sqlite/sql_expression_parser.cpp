@@ -43,12 +43,11 @@ constexpr std::array<std::string_view, 1> kModulo = {"MOD"};
 constexpr std::array<std::string_view, 2> kWholeQuotient = {"\\", "%"};
 constexpr std::array<std::string_view, 3> kProduct = {"*", "/", "||"};
 constexpr std::size_t kConditionLevels = 4;
-constexpr std::array<std::span<const std::string_view>, 9> kLevels = {kImp, kEqv,    kOr,            kAnd,    kJoin,
-                                                                     kSum, kModulo, kWholeQuotient, kProduct};
+constexpr std::array<std::span<const std::string_view>, 9> kLevels = {
+    kImp, kEqv, kOr, kAnd, kJoin, kSum, kModulo, kWholeQuotient, kProduct};
 
 bool IsOneOf(const SqlToken& token, std::span<const std::string_view> operators) {
-    return std::ranges::any_of(operators,
-                               [&](std::string_view name) { return token.Is(name) || token.IsWord(name); });
+    return std::ranges::any_of(operators, [&](std::string_view name) { return token.Is(name) || token.IsWord(name); });
 }
 
 bool IsComparison(const SqlToken& token) {
@@ -67,13 +66,13 @@ std::vector<SqlExpressionPtr> SqlExpressionParser::Expressions() {
 }
 
 SqlExpressionPtr SqlExpressionParser::Level(std::size_t level) {
-    const Depth depth(mDepth);
     const auto next = [&] {
         if (level + 1 == kConditionLevels) return Not();
         return level + 1 == kLevels.size() ? Sign() : Level(level + 1);
     };
     SqlExpressionPtr left = next();
     while (IsOneOf(mCursor.Peek(), kLevels[level])) {
+        CountOperator();
         std::string name = Upper(mCursor.Take().text);
         left = Make(Kind::Binary, std::move(name), std::move(left), next());
     }
@@ -92,6 +91,7 @@ SqlExpressionPtr SqlExpressionParser::Comparison() {
         SqlExpression* before = left.get();
         left = ComparisonTail(std::move(left));
         if (left.get() == before) return left;
+        CountOperator();
     }
 }
 
@@ -125,8 +125,8 @@ SqlExpressionPtr SqlExpressionParser::ComparisonTail(SqlExpressionPtr operand) {
     if (word == 1) mCursor.Take();
     const std::string name = Upper(mCursor.Take().text);
     if (name == "IN") return In(std::move(operand), word == 1);
-    SqlExpressionPtr made = Make(name == "BETWEEN" ? Kind::Between : Kind::Like, name, std::move(operand),
-                                 Level(kConditionLevels));
+    SqlExpressionPtr made =
+        Make(name == "BETWEEN" ? Kind::Between : Kind::Like, name, std::move(operand), Level(kConditionLevels));
     made->isNegated = word == 1;
     if (name == "BETWEEN") {
         mCursor.NeedWord("AND");
@@ -157,8 +157,10 @@ SqlExpressionPtr SqlExpressionParser::In(SqlExpressionPtr operand, bool isNegate
 SqlExpressionPtr SqlExpressionParser::Test(SqlExpressionPtr operand) {
     if (!mCursor.TakeWord("IS")) {
         const bool isNull = mCursor.AtWord("ISNULL");
-        if (mCursor.TakeWord("NOT")) mCursor.NeedWord("NULL");
-        else mCursor.Take();
+        if (mCursor.TakeWord("NOT"))
+            mCursor.NeedWord("NULL");
+        else
+            mCursor.Take();
         return Make(Kind::Test, isNull ? "IS NULL" : "IS NOT NULL", std::move(operand));
     }
     std::string words = mCursor.TakeWord("NOT") ? "IS NOT" : "IS";
@@ -180,6 +182,7 @@ SqlExpressionPtr SqlExpressionParser::Sign() {
 SqlExpressionPtr SqlExpressionParser::PowerOf() {
     SqlExpressionPtr base = Postfix();
     while (mCursor.Take("^")) {
+        CountOperator();
         const bool hasSign = mCursor.At("-") || mCursor.At("+");
         base = Make(Kind::Binary, "^", std::move(base), hasSign ? Sign() : Postfix());
     }
@@ -189,6 +192,7 @@ SqlExpressionPtr SqlExpressionParser::PowerOf() {
 SqlExpressionPtr SqlExpressionParser::Postfix() {
     SqlExpressionPtr value = Primary();
     while (mCursor.TakeWord("COLLATE")) {
+        CountOperator();
         value = Make(Kind::Collate, mCursor.Take().Content(), std::move(value));
     }
     return value;
@@ -253,6 +257,7 @@ SqlExpressionPtr SqlExpressionParser::Bracket() {
 
 SqlExpressionPtr SqlExpressionParser::Case() {
     mCursor.NeedWord("CASE");
+    const Depth depth(mDepth);
     SqlExpressionPtr made = Make(Kind::Case);
     made->hasOperand = !mCursor.AtWord("WHEN");
     if (made->hasOperand) made->parts.push_back(Expression());

@@ -7,8 +7,8 @@
 
 namespace ov::sqlite {
 
-/// Reads expressions. What binds stronger comes first: `^`; a sign; `* / ||`; `\`; `Mod`; `+ -`; `&`; comparisons, LIKE,
-/// IN, BETWEEN, IS; NOT; AND; OR and XOR; EQV; IMP. SQLite's own `||` stands with the products.
+/// Reads expressions. What binds stronger comes first: `^`; a sign; `* / ||`; `\`; `Mod`; `+ -`; `&`; comparisons,
+/// LIKE, IN, BETWEEN, IS; NOT; AND; OR and XOR; EQV; IMP. SQLite's own `||` stands with the products.
 class SqlExpressionParser {
 public:
     explicit SqlExpressionParser(SqlTokenCursor& cursor) : mCursor(cursor) {}
@@ -36,6 +36,13 @@ protected:
         int& mDepth;
     };
 
+    /// Counts what can make a tree deep without brackets. @throws RuntimeError 3075 where there is more than any stack
+    /// should have to hold
+    void CountOperator() {
+        constexpr int kMost = 1000;
+        if (++mOperators > kMost) throw BadQuery(u"expression is too long");
+    }
+
     bool AtQuery() const noexcept {
         return mCursor.AtWord("SELECT") || mCursor.AtWord("VALUES") || mCursor.AtWord("WITH");
     }
@@ -46,6 +53,7 @@ protected:
 
     SqlTokenCursor& mCursor;
     int mDepth = 0;
+    int mOperators = 0;
 
 private:
     SqlExpressionPtr Level(std::size_t level);

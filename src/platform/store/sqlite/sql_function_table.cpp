@@ -132,7 +132,8 @@ Variant StrConv(BuiltinContext&, Arguments arguments) {
             const std::u16string lower = ToLowerCase(text);
             std::u16string proper = ToUpperCase(text);
             for (std::size_t i = 1; i < proper.size(); ++i) {
-                const bool beginsWord = std::u16string_view(u" \t\r\n\f\v\0", 7).find(proper[i - 1]) != std::u16string_view::npos;
+                const bool beginsWord =
+                    std::u16string_view(u" \t\r\n\f\v\0", 7).find(proper[i - 1]) != std::u16string_view::npos;
                 if (!beginsWord) proper[i] = lower[i];
             }
             return Text(proper);
@@ -175,8 +176,7 @@ Variant Partition(BuiltinContext&, Arguments arguments) {
     const std::int64_t stop = LongAt(arguments, 2);
     const std::int64_t interval = LongAt(arguments, 3);
     if (start < 0 || stop <= start || interval < 1) Raise(ErrorNumber::InvalidProcedureCall);
-    const std::size_t width =
-        std::max(Text::FromInteger(stop + 1).size(), Text::FromInteger(start - 1).size());
+    const std::size_t width = std::max(Text::FromInteger(stop + 1).size(), Text::FromInteger(start - 1).size());
     const Text none = Text::Repeat(width, u' ');
     if (number < start) return none + u":" + Padded(start - 1, width);
     if (number > stop) return Padded(stop + 1, width) + u":" + none;
@@ -195,12 +195,22 @@ Variant AsSingle(BuiltinContext&, Arguments arguments) {
 }
 
 Variant Join(BuiltinContext&, Arguments arguments) {
-    return arguments[0].IsNull() && arguments[1].IsNull() ? Variant::Null() : Concatenate(arguments[0], arguments[1]);
+    if (std::ranges::all_of(arguments, &Variant::IsNull)) return Variant::Null();
+    Text joined;
+    for (const Variant& each : arguments) {
+        if (!each.IsNull()) joined += ToText(each);
+    }
+    return joined;
 }
 
+// From left to right.
 template <Variant (*Operator)(const Variant&, const Variant&)>
 Variant Operation(BuiltinContext&, Arguments arguments) {
-    return Operator(arguments[0], arguments[1]);
+    Variant result = arguments[0];
+    for (const Variant& each : arguments.subspan(1)) {
+        result = Operator(result, each);
+    }
+    return result;
 }
 
 // "text LIKE pattern" calls like(pattern, text). It is a condition as SQLite has it: 1 or 0.
@@ -285,53 +295,129 @@ SqlFunctionEntry Over(std::string_view name, Role role = Role::Aggregate) {
 std::span<const SqlFunctionEntry> SqlFunctionTable() {
     static const std::array table = {
         // Numbers.
-        Shared("Abs"), Shared("Atn"), Shared("Cos"), Shared("Exp"), Shared("Fix"), Shared("Int"), Shared("Log"),
-        Shared("Round"), Shared("Sgn"), Shared("Sin"), Shared("Sqr"), Shared("Tan"),
+        Shared("Abs"),
+        Shared("Atn"),
+        Shared("Cos"),
+        Shared("Exp"),
+        Shared("Fix"),
+        Shared("Int"),
+        Shared("Log"),
+        Shared("Round"),
+        Shared("Sgn"),
+        Shared("Sin"),
+        Shared("Sqr"),
+        Shared("Tan"),
         Own("Partition", 4, 4, &Partition),
         // Conversions.
-        Shared("CBool", Type::Boolean), Shared("CByte"), Shared("CCur"), Shared("CDate", Type::Date), Shared("CDbl"),
-        Shared("CInt"), Shared("CLng"), Shared("CSng"), Shared("CStr", Type::String), Shared("Hex", Type::String),
-        Shared("Oct", Type::String), Own("CVar", 1, 1, &Same), Own("CVDate", 1, 1, FunctionOf(u"CDate").call, Type::Date),
+        Shared("CBool", Type::Boolean),
+        Shared("CByte"),
+        Shared("CCur"),
+        Shared("CDate", Type::Date),
+        Shared("CDbl"),
+        Shared("CInt"),
+        Shared("CLng"),
+        Shared("CSng"),
+        Shared("CStr", Type::String),
+        Shared("Hex", Type::String),
+        Shared("Oct", Type::String),
+        Own("CVar", 1, 1, &Same),
+        Own("CVDate", 1, 1, FunctionOf(u"CDate").call, Type::Date),
         Own("CDec", 1, 1, [](BuiltinContext&, Arguments arguments) -> Variant { return ToDecimal(arguments[0]); }),
-        Own("Str", 1, 1, &Str, Type::String), Own("Val", 1, 1, &Val),
+        Own("Str", 1, 1, &Str, Type::String),
+        Own("Val", 1, 1, &Val),
         // Texts.
-        Shared("Asc"), Shared("AscW"), Shared("Chr", Type::String), Shared("ChrW", Type::String),
-        Own("Space", 1, 1, &Space, Type::String), Own("String", 2, 2, &String, Type::String),
-        Shared("LCase", Type::String), Shared("UCase", Type::String), Shared("Left", Type::String),
-        Shared("Right", Type::String), Shared("Mid", Type::String), Shared("Len"), Shared("LTrim", Type::String),
-        Shared("RTrim", Type::String), Shared("Trim", Type::String), Shared("StrReverse", Type::String),
-        Own("InStr", 2, 4, &InStr), Own("InStrRev", 2, 4, &InStrRev), Own("Replace", 3, 6, &Replace, Type::String),
-        Own("StrComp", 2, 3, &StrComp), Own("StrConv", 2, 3, &StrConv, Type::String),
-        OfNull("Format", 1, 4, &FormatValue), Shared("FormatCurrency", Type::String),
-        Shared("FormatDateTime", Type::String), Shared("FormatNumber", Type::String),
+        Shared("Asc"),
+        Shared("AscW"),
+        Shared("Chr", Type::String),
+        Shared("ChrW", Type::String),
+        Own("Space", 1, 1, &Space, Type::String),
+        Own("String", 2, 2, &String, Type::String),
+        Shared("LCase", Type::String),
+        Shared("UCase", Type::String),
+        Shared("Left", Type::String),
+        Shared("Right", Type::String),
+        Shared("Mid", Type::String),
+        Shared("Len"),
+        Shared("LTrim", Type::String),
+        Shared("RTrim", Type::String),
+        Shared("Trim", Type::String),
+        Shared("StrReverse", Type::String),
+        Own("InStr", 2, 4, &InStr),
+        Own("InStrRev", 2, 4, &InStrRev),
+        Own("Replace", 3, 6, &Replace, Type::String),
+        Own("StrComp", 2, 3, &StrComp),
+        Own("StrConv", 2, 3, &StrConv, Type::String),
+        OfNull("Format", 1, 4, &FormatValue),
+        Shared("FormatCurrency", Type::String),
+        Shared("FormatDateTime", Type::String),
+        Shared("FormatNumber", Type::String),
         Shared("FormatPercent", Type::String),
         // Dates.
-        Shared("Date", Type::Date), Shared("DateAdd", Type::Date), Shared("DateDiff"), Shared("DatePart"),
-        Shared("DateSerial", Type::Date), Shared("DateValue", Type::Date), Shared("Day"), Shared("Hour"),
-        Shared("Minute"), Shared("Month"), Shared("MonthName", Type::String), Shared("Now", Type::Date),
-        Shared("Second"), Shared("Time", Type::Date), Shared("Timer"), Shared("TimeSerial", Type::Date),
-        Shared("TimeValue", Type::Date), Shared("Weekday"), Shared("WeekdayName", Type::String), Shared("Year"),
+        Shared("Date", Type::Date),
+        Shared("DateAdd", Type::Date),
+        Shared("DateDiff"),
+        Shared("DatePart"),
+        Shared("DateSerial", Type::Date),
+        Shared("DateValue", Type::Date),
+        Shared("Day"),
+        Shared("Hour"),
+        Shared("Minute"),
+        Shared("Month"),
+        Shared("MonthName", Type::String),
+        Shared("Now", Type::Date),
+        Shared("Second"),
+        Shared("Time", Type::Date),
+        Shared("Timer"),
+        Shared("TimeSerial", Type::Date),
+        Shared("TimeValue", Type::Date),
+        Shared("Weekday"),
+        Shared("WeekdayName", Type::String),
+        Shared("Year"),
         // Questions and choices.
-        OfNull("IsNull", 1, 1, &IsNullValue, Role::Condition), OfNull("IsDate", 1, 1, FunctionOf(u"IsDate").call, Role::Condition),
+        OfNull("IsNull", 1, 1, &IsNullValue, Role::Condition),
+        OfNull("IsDate", 1, 1, FunctionOf(u"IsDate").call, Role::Condition),
         OfNull("IsNumeric", 1, 1, FunctionOf(u"IsNumeric").call, Role::Condition),
         OfNull("IsEmpty", 1, 1, FunctionOf(u"IsEmpty").call, Role::Condition),
-        OfNull("TypeName", 1, 1, FunctionOf(u"TypeName").call), OfNull("VarType", 1, 1, FunctionOf(u"VarType").call),
-        OfNull("Nz", 1, 2, &Nz), OfNull("Choose", 2, kMany, &Choose), OfNull("Switch", 2, kMany, &Switch),
+        OfNull("TypeName", 1, 1, FunctionOf(u"TypeName").call),
+        OfNull("VarType", 1, 1, FunctionOf(u"VarType").call),
+        OfNull("Nz", 1, 2, &Nz),
+        OfNull("Choose", 2, kMany, &Choose),
+        OfNull("Switch", 2, kMany, &Switch),
         SqlFunctionEntry{{"IIf", Role::Choice, Type::AsStored}, false, 3, 3, nullptr},
         // Over rows.
-        Over("Count"), Over("Sum"), Over("Avg"), Over("Min"), Over("Max"), Over("StDev"), Over("StDevP"), Over("Var"),
-        Over("VarP"), Over("First", Role::FirstOrLast), Over("Last", Role::FirstOrLast),
+        Over("Count"),
+        Over("Sum"),
+        Over("Avg"),
+        Over("Min"),
+        Over("Max"),
+        Over("StDev"),
+        Over("StDevP"),
+        Over("Var"),
+        Over("VarP"),
+        Over("First", Role::FirstOrLast),
+        Over("Last", Role::FirstOrLast),
         // Over the rows of another table.
-        OfNull("DLookUp", 2, 3, &DLookUp), OfNull("DCount", 2, 3, &DCount), OfNull("DSum", 2, 3, &DSum),
-        OfNull("DAvg", 2, 3, &DAvg), OfNull("DMin", 2, 3, &DMin), OfNull("DMax", 2, 3, &DMax),
-        OfNull("DFirst", 2, 3, &DFirst), OfNull("DLast", 2, 3, &DLast),
+        OfNull("DLookUp", 2, 3, &DLookUp),
+        OfNull("DCount", 2, 3, &DCount),
+        OfNull("DSum", 2, 3, &DSum),
+        OfNull("DAvg", 2, 3, &DAvg),
+        OfNull("DMin", 2, 3, &DMin),
+        OfNull("DMax", 2, 3, &DMax),
+        OfNull("DFirst", 2, 3, &DFirst),
+        OfNull("DLast", 2, 3, &DLast),
         // Operators, and what the writer of queries alone calls.
-        OfNull(kJoinFunction, 2, 2, &Join), Own("+", 2, 2, &Operation<&Add>), Own("-", 2, 2, &Operation<&Subtract>),
-        Own("*", 2, 2, &Operation<&Multiply>), Own("/", 2, 2, &Operation<&Divide>),
-        Own("\\", 2, 2, &Operation<&IntegerDivide>), Own("mod", 2, 2, &Operation<&Modulo>),
-        Own("^", 2, 2, &Operation<&Power>), Own(kAsDateFunction, 1, 1, &AsDate, Type::Date),
+        OfNull(kJoinFunction, 2, kMany, &Join),
+        Own("+", 2, kMany, &Operation<&Add>),
+        Own("-", 2, kMany, &Operation<&Subtract>),
+        Own("*", 2, kMany, &Operation<&Multiply>),
+        Own("/", 2, kMany, &Operation<&Divide>),
+        Own("\\", 2, kMany, &Operation<&IntegerDivide>),
+        Own("mod", 2, kMany, &Operation<&Modulo>),
+        Own("^", 2, kMany, &Operation<&Power>),
+        Own(kAsDateFunction, 1, 1, &AsDate, Type::Date),
         Own(kAsSingleFunction, 1, 1, &AsSingle),
-        Own("like", 2, 3, &Like<LikeForm::Both>), Own(kOtherLikeFunction, 2, 3, &Like<LikeForm::PercentOnly>),
+        Own("like", 2, 3, &Like<LikeForm::Both>),
+        Own(kOtherLikeFunction, 2, 3, &Like<LikeForm::PercentOnly>),
     };
     return table;
 }

@@ -11,11 +11,11 @@ namespace {
 
 // Words that are names nowhere without brackets. Sorted.
 constexpr std::array<std::string_view, 48> kReserved = {
-    "ALL",    "AND",      "AS",      "ASC",   "BETWEEN",   "BY",     "CASE",   "COLLATE", "CROSS",  "DESC",
-    "DISTINCT", "DISTINCTROW", "ELSE", "END", "ESCAPE",    "EXCEPT", "EXISTS", "FROM",    "FULL",   "GROUP",
-    "HAVING", "IN",       "INNER",   "INTERSECT", "INTO",  "IS",     "JOIN",   "LEFT",    "LIKE",   "LIMIT",
-    "MOD",    "NATURAL",  "NOT",     "NULL",  "OFFSET",    "OR",     "ORDER",  "OUTER",   "RIGHT",  "SELECT",
-    "THEN",   "UNION",    "USING",   "VALUES", "WHEN",     "WHERE",  "WITH",   "XOR"};
+    "ALL",      "AND",         "AS",    "ASC",       "BETWEEN", "BY",     "CASE",   "COLLATE", "CROSS", "DESC",
+    "DISTINCT", "DISTINCTROW", "ELSE",  "END",       "ESCAPE",  "EXCEPT", "EXISTS", "FROM",    "FULL",  "GROUP",
+    "HAVING",   "IN",          "INNER", "INTERSECT", "INTO",    "IS",     "JOIN",   "LEFT",    "LIKE",  "LIMIT",
+    "MOD",      "NATURAL",     "NOT",   "NULL",      "OFFSET",  "OR",     "ORDER",  "OUTER",   "RIGHT", "SELECT",
+    "THEN",     "UNION",       "USING", "VALUES",    "WHEN",    "WHERE",  "WITH",   "XOR"};
 static_assert(std::ranges::is_sorted(kReserved));
 
 class Parser final : public SqlExpressionParser {
@@ -90,8 +90,10 @@ private:
             table.name = mCursor.Take().Content();
             if (mCursor.Take("(")) table.columns = Names();
             mCursor.NeedWord("AS");
-            if (mCursor.TakeWord("NOT")) mCursor.NeedWord("MATERIALIZED");
-            else mCursor.TakeWord("MATERIALIZED");
+            if (mCursor.TakeWord("NOT"))
+                mCursor.NeedWord("MATERIALIZED");
+            else
+                mCursor.TakeWord("MATERIALIZED");
             mCursor.Need("(");
             table.query = Query();
             mCursor.Need(")");
@@ -154,8 +156,10 @@ private:
 
     // DISTINCTROW makes a difference for queries that are edited alone.
     void Predicates(SqlSelect& select) {
-        if (mCursor.TakeWord("DISTINCT")) select.isDistinct = true;
-        else if (!mCursor.TakeWord("DISTINCTROW")) mCursor.TakeWord("ALL");
+        if (mCursor.TakeWord("DISTINCT"))
+            select.isDistinct = true;
+        else if (!mCursor.TakeWord("DISTINCTROW"))
+            mCursor.TakeWord("ALL");
         if (!mCursor.AtWord("TOP") || mCursor.Peek(1).kind != SqlTokenKind::Number) return;
         mCursor.Take();
         select.top = std::string(mCursor.Take().text);
@@ -183,6 +187,7 @@ private:
         for (;;) {
             std::string join = JoinWords();
             if (join.empty()) return left;
+            CountOperator();
             auto both = std::make_unique<SqlSource>();
             both->kind = SqlSource::Kind::Join;
             both->join = std::move(join);

@@ -35,8 +35,8 @@ std::string_view SqlText::Name() const noexcept {
 
 bool SqlText::BeginsStatement() const noexcept {
     static constexpr std::array<std::string_view, 25> kWords = {
-        "SELECT", "WITH",    "VALUES", "INSERT",  "UPDATE",   "DELETE",    "REPLACE", "CREATE",     "DROP",
-        "ALTER",  "ATTACH",  "DETACH", "PRAGMA",  "EXPLAIN",  "BEGIN",     "COMMIT",  "END",        "ANALYZE",
+        "SELECT", "WITH",    "VALUES",   "INSERT",    "UPDATE",  "DELETE",     "REPLACE",  "CREATE", "DROP",
+        "ALTER",  "ATTACH",  "DETACH",   "PRAGMA",    "EXPLAIN", "BEGIN",      "COMMIT",   "END",    "ANALYZE",
         "VACUUM", "REINDEX", "ROLLBACK", "SAVEPOINT", "RELEASE", "PARAMETERS", "TRANSFORM"};
     const auto first = std::ranges::find_if(mTokens, IsSignificant);
     return first != mTokens.end() && first->kind == SqlTokenKind::Word &&
@@ -52,10 +52,9 @@ SqliteQuery SqlText::Rewrite(SqlSchema& schema) const {
     SqlStatement statement = ParseSql(mSql);
     if (!statement.query) return {mSql, {}};
     // One with parameters of its own stays as it is, so that it can be told how many those are.
-    const bool hasParameters = !statement.parameters.empty() ||
-                               std::ranges::any_of(mTokens, [](const SqlToken& token) {
-                                   return token.kind == SqlTokenKind::Parameter;
-                               });
+    const bool hasParameters = !statement.parameters.empty() || std::ranges::any_of(mTokens, [](const SqlToken& token) {
+        return token.kind == SqlTokenKind::Parameter;
+    });
     SqlWriter writer(schema, std::move(statement.parameters), !hasParameters);
     SqliteQuery query;
     query.text = writer.Write(*statement.query) + statement.rest;

@@ -9,13 +9,13 @@
 namespace ov::sqlite {
 
 enum class SqlTokenKind {
-    Space,   ///< blanks and comments
-    Word,    ///< keyword, or a name without quotes
-    Name,    ///< name in [] or ``
-    Quoted,  ///< in "": a text where a value is wanted, a name where one is
-    String,  ///< text in ''
-    Number,  ///< in decimal, or hexadecimal behind "0x" or "&H"
-    Date,    ///< between two "#"
+    Space,      ///< blanks and comments
+    Word,       ///< keyword, or a name without quotes
+    Name,       ///< name in [] or ``
+    Quoted,     ///< in "": a text where a value is wanted, a name where one is
+    String,     ///< text in ''
+    Number,     ///< in decimal, or hexadecimal behind "0x" or "&H"
+    Date,       ///< between two "#"
     Parameter,  ///< a place for a value: "?", "$name"
     Symbol,     ///< operator, bracket, separator, or anything else
 };

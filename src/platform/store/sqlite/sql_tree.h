@@ -17,9 +17,9 @@ using SqlQueryPtr = std::unique_ptr<SqlQuery>;
 /// A value, a condition, or a part of one.
 struct SqlExpression {
     enum class Kind : std::uint8_t {
-        Text,        ///< `text` is its content
-        Number,      ///< `text` as SQLite reads it
-        Date,        ///< `text` is what stands between the "#"
+        Text,    ///< `text` is its content
+        Number,  ///< `text` as SQLite reads it
+        Date,    ///< `text` is what stands between the "#"
         Null,
         Name,        ///< `path`: a column, with what qualifies it before it
         Star,        ///< "*", behind `path` if that is not empty
@@ -46,13 +46,13 @@ struct SqlExpression {
     std::vector<std::string> path{};
     std::vector<SqlExpressionPtr> parts{};
     SqlQueryPtr query{};
-    std::string tail{};        ///< of a call: what SQLite alone has behind it, "OVER (...)", as it is
-    bool isNegated = false;    ///< "NOT" before LIKE, BETWEEN and IN
-    bool isAll = false;        ///< of a quantified comparison
-    bool isDistinct = false;   ///< of a call: its argument counts once for each value
-    bool hasOperand = false;   ///< of a CASE
-    bool hasElse = false;      ///< of a CASE
-    bool isBareWord = false;   ///< of a name: neither brackets nor quotes, so it may be a constant
+    std::string tail{};       ///< of a call: what SQLite alone has behind it, "OVER (...)", as it is
+    bool isNegated = false;   ///< "NOT" before LIKE, BETWEEN and IN
+    bool isAll = false;       ///< of a quantified comparison
+    bool isDistinct = false;  ///< of a call: its argument counts once for each value
+    bool hasOperand = false;  ///< of a CASE
+    bool hasElse = false;     ///< of a CASE
+    bool isBareWord = false;  ///< of a name: neither brackets nor quotes, so it may be a constant
 };
 
 /// One source of a FROM, or two that are joined.

@@ -62,7 +62,7 @@ std::optional<bool> TruthOf(std::string_view word) {
 std::string Operand(const SqlWritten& value) {
     if (value.isCondition) return "(-(" + value.text + "))";
     if (value.type == ColumnType::Boolean && value.isColumn) return "(-(" + value.text + " <> 0))";
-    const char* conversion = value.type == ColumnType::Date                     ? kAsDateFunction
+    const char* conversion = value.type == ColumnType::Date                       ? kAsDateFunction
                              : value.type == ColumnType::Single && value.isColumn ? kAsSingleFunction
                                                                                   : nullptr;
     return conversion ? BracketName(conversion) + "(" + value.text + ")" : value.text;
@@ -79,6 +79,21 @@ std::string NameOfPath(const std::vector<std::string>& path) {
         text += (text.empty() ? "" : ".") + BracketName(name);
     }
     return text;
+}
+
+// The operands of one operator that is used again and again, from left to right. SQLite's parser goes less deep into
+// brackets than such a chain can be long.
+std::vector<const SqlExpression*> Chain(const SqlExpression& expression) {
+    constexpr std::size_t kMost = 90;  // arguments of a function
+    std::vector<const SqlExpression*> operands{expression.parts[1].get()};
+    const SqlExpression* left = expression.parts[0].get();
+    while (left->kind == Kind::Binary && left->text == expression.text && operands.size() < kMost) {
+        operands.push_back(left->parts[1].get());
+        left = left->parts[0].get();
+    }
+    operands.push_back(left);
+    std::ranges::reverse(operands);
+    return operands;
 }
 
 Variant ValueOf(const SqlExpression& literal) {
@@ -161,9 +176,9 @@ SqlWritten SqlWriter::Value(const SqlExpression& expression, SqlScope& scope) {
         case Kind::Cast:
             return {.text = "CAST(" + Argument(*expression.parts[0], scope) + " AS " + expression.text + ")"};
         case Kind::Collate:
-            return {.text = "(" + Argument(*expression.parts[0], scope) + " COLLATE " +
-                            BracketName(expression.text) + ")",
-                    .type = ColumnType::String};
+            return {
+                .text = "(" + Argument(*expression.parts[0], scope) + " COLLATE " + BracketName(expression.text) + ")",
+                .type = ColumnType::String};
         case Kind::List:
             return {.text = "(" + Arguments(expression, scope) + ")"};
     }
@@ -176,8 +191,8 @@ SqlWritten SqlWriter::Name(const SqlExpression& expression, SqlScope& scope) {
     const std::optional<bool> truth = expression.isBareWord ? TruthOf(last) : std::nullopt;
     if (truth && (EqualsUpper(last, "TRUE") || EqualsUpper(last, "FALSE"))) return TruthConstant(*truth);
     if (expression.path.size() == 1) {
-        const auto parameter = std::ranges::find_if(
-            mParameters, [&](const std::string& each) { return SameName(each, last); });
+        const auto parameter =
+            std::ranges::find_if(mParameters, [&](const std::string& each) { return SameName(each, last); });
         if (parameter != mParameters.end()) return {.text = "$p" + std::to_string(parameter - mParameters.begin())};
     }
     const std::optional<SqlScope::Found> found = scope.Find(expression.path);
@@ -203,8 +218,11 @@ SqlWritten SqlWriter::Binary(const SqlExpression& expression, SqlScope& scope) {
         return SqlWritten{.text = "(" + std::move(text) + ")", .isCondition = true};
     };
     if (name == "AND" || name == "OR") {
-        const std::string left = Condition(a, scope);
-        return condition(left + " " + name + " " + Condition(b, scope));
+        std::string text;
+        for (const SqlExpression* operand : Chain(expression)) {
+            text += (text.empty() ? "" : " " + name + " ") + Condition(*operand, scope);
+        }
+        return condition(std::move(text));
     }
     if (name == "XOR") return condition(holds(a) + " <> " + holds(b));
     if (name == "EQV") return condition(holds(a) + " = " + holds(b));
@@ -216,13 +234,15 @@ SqlWritten SqlWriter::Binary(const SqlExpression& expression, SqlScope& scope) {
     for (const std::string_view own : {"||", "|", "<<", ">>", "%"}) {
         if (name == own) return {.text = "(" + Argument(a, scope) + " " + name + " " + Argument(b, scope) + ")"};
     }
-    const SqlWritten left = Value(a, scope);
-    const SqlWritten right = Value(b, scope);
-    const bool isDate = (name == "+" || name == "-") &&
-                        (left.type == ColumnType::Date) != (right.type == ColumnType::Date);
-    std::string function = name;
-    if (function == "MOD") function = "mod";
-    return {.text = BracketName(function) + "(" + Operand(left) + ", " + Operand(right) + ")",
+    std::string operands;
+    int dates = 0;
+    for (const SqlExpression* operand : Chain(expression)) {
+        const SqlWritten value = Value(*operand, scope);
+        operands += (operands.empty() ? "" : ", ") + Operand(value);
+        dates += value.type == ColumnType::Date ? 1 : 0;
+    }
+    const bool isDate = (name == "+" || name == "-") && dates == 1;
+    return {.text = BracketName(name == "MOD" ? "mod" : name) + "(" + operands + ")",
             .type = name == kJoinFunction ? ColumnType::String
                     : isDate              ? ColumnType::Date
                                           : ColumnType::AsStored};
@@ -267,7 +287,8 @@ SqlWritten SqlWriter::Like(const SqlExpression& expression, SqlScope& scope) {
     const std::string escape = hasEscape ? Argument(*expression.parts[2], scope) : "";
     std::string written;
     if (expression.text == "ALIKE") {
-        written = BracketName(kOtherLikeFunction) + "(" + pattern + ", " + text + (hasEscape ? ", " + escape : "") + ")";
+        written =
+            BracketName(kOtherLikeFunction) + "(" + pattern + ", " + text + (hasEscape ? ", " + escape : "") + ")";
     } else {
         written = text + " " + expression.text + " " + pattern + (hasEscape ? " ESCAPE " + escape : "");
     }
@@ -299,11 +320,12 @@ SqlWritten SqlWriter::In(const SqlExpression& expression, SqlScope& scope) {
 // A comparison with Null holds for nothing: it is a counterexample for ALL and no example for ANY.
 SqlWritten SqlWriter::Quantified(const SqlExpression& expression, SqlScope& scope) {
     const Rows rows = Query(*expression.query, &scope);
-    SqlWritten each{.text = "[each value]", .type = rows.columns.size() == 1 ? rows.columns[0].type : ColumnType::AsStored,
+    SqlWritten each{.text = "[each value]",
+                    .type = rows.columns.size() == 1 ? rows.columns[0].type : ColumnType::AsStored,
                     .isColumn = true};
     const std::string holds = Compared(expression.text, Value(*expression.parts[0], scope), each).text;
-    const std::string from = "(WITH [all values]([each value]) AS (" + rows.text +
-                             ") SELECT 1 FROM [all values] WHERE " + holds;
+    const std::string from =
+        "(WITH [all values]([each value]) AS (" + rows.text + ") SELECT 1 FROM [all values] WHERE " + holds;
     return {.text = expression.isAll ? "(NOT EXISTS " + from + " IS NOT TRUE))" : "(EXISTS " + from + "))",
             .isCondition = true};
 }
@@ -328,8 +350,8 @@ SqlWritten SqlWriter::Choice(const SqlExpression& call, SqlScope& scope) {
     if (call.parts.size() != 3) throw BadQuery(u"wrong number of arguments to function IIf");
     const SqlWritten yes = Value(*call.parts[1], scope);
     const SqlWritten no = Value(*call.parts[2], scope);
-    return {.text = "CASE WHEN " + Condition(*call.parts[0], scope) + " THEN " + Operand(yes) + " ELSE " +
-                    Operand(no) + " END",
+    return {.text = "CASE WHEN " + Condition(*call.parts[0], scope) + " THEN " + Operand(yes) + " ELSE " + Operand(no) +
+                    " END",
             .type = yes.type == no.type ? yes.type : ColumnType::AsStored};
 }
 
@@ -352,7 +374,8 @@ SqlWritten SqlWriter::Call(const SqlExpression& call, SqlScope& scope) {
     if ((isOver || isOther) && call.tail.empty()) scope.isAggregate = true;
     if (function && function->role == SqlRole::Choice) return Choice(call, scope);
     if (function && function->role == SqlRole::FirstOrLast) return FirstOrLast(call, *function, scope);
-    if (function && function->role == SqlRole::Condition && EqualsUpper(call.text, "ISNULL") && call.parts.size() == 1) {
+    if (function && function->role == SqlRole::Condition && EqualsUpper(call.text, "ISNULL") &&
+        call.parts.size() == 1) {
         return {.text = "(" + Value(*call.parts[0], scope).text + " IS NULL)", .isCondition = true};
     }
     const std::string begin = BracketName(call.text) + (call.isDistinct ? "(DISTINCT " : "(");

@@ -26,6 +26,12 @@ std::string BracketPath(const std::vector<std::string>& path) {
     return Joined(names, ".");
 }
 
+// A query inside TOP is written twice or thrice, and so is one inside that.
+void CheckLength(const std::string& sql) {
+    constexpr std::size_t kMost = std::size_t{1} << 20;
+    if (sql.size() > kMost) throw BadQuery(u"query is too long");
+}
+
 std::string BracketNames(const std::vector<std::string>& names) {
     std::vector<std::string> written;
     for (const std::string& name : names) {
@@ -203,6 +209,7 @@ SqlWriter::Rows SqlWriter::Select(const SqlSelect& select, const SqlQuery* order
         limit = "(SELECT count(*) FROM (SELECT rank() OVER (ORDER BY " + clause.Ranking() + ") AS [rank]" + rest +
                 ") WHERE [rank] <= " + limit + ")";
     }
+    CheckLength(rows.text);
     rows.text += clause.Text();
     rows.text += select.top.empty() ? LimitClause(order ? *order : kNoOrder, scope) : " LIMIT " + limit;
     return rows;
@@ -248,8 +255,7 @@ std::string SqlWriter::Source(const SqlSource& source, SqlScope& scope) {
             return JoinSource(source, scope);
         case SqlSource::Kind::Query: {
             Rows rows = Query(*source.query, nullptr);
-            scope.sources.push_back(
-                {source.alias, std::make_shared<const SqlNamedTypes>(std::move(rows.columns)), ""});
+            scope.sources.push_back({source.alias, std::make_shared<const SqlNamedTypes>(std::move(rows.columns)), ""});
             return "(" + rows.text + ")" + alias;
         }
         case SqlSource::Kind::Function: {
@@ -280,7 +286,8 @@ std::string SqlWriter::TableSource(const SqlSource& source, SqlScope& scope) {
     return BracketPath(source.path);
 }
 
-// Joins in brackets on the left are the order of joining anyhow. Behind those on the right SQLite has no places of rows.
+// Joins in brackets on the left are the order of joining anyhow. Behind those on the right SQLite has no places of
+// rows.
 std::string SqlWriter::JoinSource(const SqlSource& source, SqlScope& scope) {
     std::string text = Source(*source.left, scope);
     text += source.join == "," ? ", " : " " + source.join + " ";

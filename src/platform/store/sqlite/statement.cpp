@@ -9,8 +9,8 @@ namespace ov::sqlite {
 namespace {
 
 // The run of a statement: it ends, and with it the lock, however it ends. SQLite sorts in memory; where a query would
-// have more of it than a result may take, or more time than there is, it is broken off. Runs nest: a function of a query
-// can run another.
+// have more of it than a result may take, or more time than there is, it is broken off. Runs nest: a function of a
+// query can run another.
 class Run {
 public:
     explicit Run(sqlite3_stmt* statement) noexcept

@@ -195,12 +195,12 @@ TEST_P(JetKinds, CutFileIsDamaged) {
     JetTable table = Numbers(400);
     for (const bool hasMapPages : {false, true}) {
         table.hasMapPages = hasMapPages;
-        const std::string path = Write({table, Numbers(1)});
+        const std::string path = Write({table});
         ASSERT_TRUE(OpenAndWalk(path).starts_with("Long 1, Long 2"));
         const std::uintmax_t size = std::filesystem::file_size(path);
         const std::size_t pageSize = jet::PageSize(GetParam().version);
         for (const std::uintmax_t cut : {size - pageSize, size - 1, size - 3 * pageSize}) {
-            Write({table, Numbers(1)});
+            Write({table});
             std::filesystem::resize_file(path, cut);
             EXPECT_EQ(OpenAndWalk(path), "error 3011") << hasMapPages << " " << cut;
         }
@@ -233,16 +233,26 @@ TEST_P(JetKinds, SavedSelectionsAreViews) {
                     {"Name2", ColumnType::Text},
                     {"Expression", ColumnType::Memo},
                     {"Flag", ColumnType::Integer}},
-                   {Part(-5, 1, "", "", "", 1), Part(-5, 3, "", "", "", 2), Part(-5, 5, "t", "", "", 0),
-                    Part(-5, 5, "t", "u", "", 0), Part(-5, 6, "label", "", "UCase(t.name) & \"!\"", 0),
-                    Part(-5, 7, "t", "u", "t.id = u.id", 1), Part(-5, 8, "", "", "t.id > 1", 0),
+                   {Part(-5, 1, "", "", "", 1),
+                    Part(-5, 3, "", "", "", 2),
+                    Part(-5, 5, "t", "", "", 0),
+                    Part(-5, 5, "t", "u", "", 0),
+                    Part(-5, 6, "label", "", "UCase(t.name) & \"!\"", 0),
+                    Part(-5, 7, "t", "u", "t.id = u.id", 1),
+                    Part(-5, 8, "", "", "t.id > 1", 0),
                     Part(-5, 11, "D", "", "t.id", 0),
-                    Part(-6, 1, "", "", "", 4), Part(-6, 5, "t", "", "", 0),
-                    Part(-7, 1, "", "", "", 9), Part(-7, 3, "", "", "", 0),
+                    Part(-6, 1, "", "", "", 4),
+                    Part(-6, 5, "t", "", "", 0),
+                    Part(-7, 1, "", "", "", 9),
+                    Part(-7, 3, "", "", "", 0),
                     Part(-7, 5, "", "1", "SELECT label FROM Labels", 0),
                     Part(-7, 5, "", "2", "SELECT name FROM t WHERE id = 1", 0),
-                    Part(-8, 1, "", "", "", 1), Part(-8, 3, "2", "", "", 0x11), Part(-8, 5, "t", "", "", 0),
-                    Part(-9, 1, "", "", "", 1), Part(-9, 2, "which", "", "", 4), Part(-9, 5, "t", "", "", 0),
+                    Part(-8, 1, "", "", "", 1),
+                    Part(-8, 3, "2", "", "", 0x11),
+                    Part(-8, 5, "t", "", "", 0),
+                    Part(-9, 1, "", "", "", 1),
+                    Part(-9, 2, "which", "", "", 4),
+                    Part(-9, 5, "t", "", "", 0),
                     Part(-9, 6, "", "", "Eval(id)", 0)},
                    {}};
     const auto query = [](const char* name, std::int64_t id) { return JetTable{name, {}, {}, {}, 5, false, id}; };

@@ -80,9 +80,9 @@ SqlExpressionPtr SqlExpressionParser::Level(std::size_t level) {
 }
 
 SqlExpressionPtr SqlExpressionParser::Not() {
+    if (!mCursor.TakeWord("NOT")) return Comparison();
     const Depth depth(mDepth);
-    if (mCursor.TakeWord("NOT")) return Make(Kind::Prefix, "NOT", Not());
-    return Comparison();
+    return Make(Kind::Prefix, "NOT", Not());
 }
 
 SqlExpressionPtr SqlExpressionParser::Comparison() {
@@ -171,9 +171,10 @@ SqlExpressionPtr SqlExpressionParser::Test(SqlExpressionPtr operand) {
 }
 
 SqlExpressionPtr SqlExpressionParser::Sign() {
-    const Depth depth(mDepth);
     for (const std::string_view sign : {"-", "+", "~"}) {
-        if (mCursor.Take(sign)) return Make(Kind::Prefix, std::string(sign), Sign());
+        if (!mCursor.Take(sign)) continue;
+        const Depth depth(mDepth);
+        return Make(Kind::Prefix, std::string(sign), Sign());
     }
     return PowerOf();
 }

@@ -35,9 +35,11 @@ private:
     std::unique_ptr<sqlite3_value, FreeValue> mValue;
 };
 
+constexpr int kPointerSize = sizeof(void*);
+
 template <bool WantsLast>
 void PlacedStep(sqlite3_context* context, int count, sqlite3_value** arguments) noexcept {
-    auto** held = static_cast<PlacedValue**>(sqlite3_aggregate_context(context, sizeof(PlacedValue*)));
+    auto** held = static_cast<PlacedValue**>(sqlite3_aggregate_context(context, kPointerSize));
     try {
         if (!held) throw std::bad_alloc();
         if (!*held) *held = new PlacedValue;

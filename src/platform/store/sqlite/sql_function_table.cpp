@@ -2,8 +2,11 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
+#include <limits>
 #include <stdexcept>
 
+#include "platform/automation/date_text.h"
 #include "platform/automation/operators.h"
 #include "platform/format/format.h"
 #include "platform/functions/arguments.h"
@@ -184,14 +187,21 @@ Variant Partition(BuiltinContext&, Arguments arguments) {
     return Padded(first, width) + u":" + Padded(std::min(first + interval - 1, stop), width);
 }
 
+// What the column's type cannot hold stays as it is stored.
 Variant AsDate(BuiltinContext&, Arguments arguments) {
-    if (!arguments[0].IsString()) return ToDate(arguments[0]);
+    if (!arguments[0].IsString()) {
+        const double days = ToDouble(arguments[0]);
+        return IsDateNumber(days) ? Variant(Date{days}) : arguments[0];
+    }
     const std::optional<Date> iso = ReadIsoDate(arguments[0].AsText().ToUtf8());
     return iso ? Variant(*iso) : arguments[0];
 }
 
 Variant AsSingle(BuiltinContext&, Arguments arguments) {
-    return arguments[0].IsString() ? arguments[0] : Variant(ToSingle(arguments[0]));
+    if (arguments[0].IsString()) return arguments[0];
+    const double number = ToDouble(arguments[0]);
+    const bool fits = std::abs(number) <= static_cast<double>(std::numeric_limits<float>::max());
+    return fits ? Variant(static_cast<float>(number)) : arguments[0];
 }
 
 Variant Join(BuiltinContext&, Arguments arguments) {

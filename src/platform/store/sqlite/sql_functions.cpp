@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
 #include <span>
 #include <unordered_map>
 
@@ -47,6 +48,15 @@ Variant ToVariant(sqlite3_value* value) {
     }
 }
 
+// The Double of the Single's own digits: 0.1, not 0.100000001490116.
+double DoubleOf(float single) noexcept {
+    std::array<char, 32> digits;
+    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), single).ptr;
+    auto number = static_cast<double>(single);
+    std::from_chars(digits.data(), end, number);
+    return number;
+}
+
 void Return(sqlite3_context* context, const Variant& value) {
     switch (value.Type()) {
         case VarType::Boolean:
@@ -55,7 +65,7 @@ void Return(sqlite3_context* context, const Variant& value) {
         case VarType::Long:
             return sqlite3_result_int(context, ToLong(value));
         case VarType::Single:
-            sqlite3_result_double(context, ToDouble(value));
+            sqlite3_result_double(context, DoubleOf(value.AsSingle()));
             return sqlite3_result_subtype(context, kSingle);
         case VarType::Date:
             sqlite3_result_double(context, value.AsDate().days);

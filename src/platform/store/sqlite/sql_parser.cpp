@@ -168,11 +168,7 @@ private:
 
     SqlColumn Column() {
         SqlColumn column{Expression(), {}};
-        if (mCursor.TakeWord("AS")) {
-            column.alias = mCursor.Take().Content();
-        } else if (AtAlias()) {
-            column.alias = mCursor.Take().Content();
-        }
+        if (mCursor.TakeWord("AS") || AtAlias()) column.alias = mCursor.Take().Content();
         return column;
     }
 

@@ -119,7 +119,8 @@ private:
     std::string Columns() const {
         std::string columns;
         for (const QueryPart* part : Of(kColumn)) {
-            columns += (columns.empty() ? "" : ", ") + part->expression;
+            if (!columns.empty()) columns += ", ";
+            columns += part->expression;
             if (!part->name1.empty()) columns += " AS " + Bracketed(part->name1);
         }
         const bool hasAll = (OptionFlags() & kAllColumns) != 0 || columns.empty();

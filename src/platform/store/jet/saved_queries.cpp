@@ -141,7 +141,7 @@ private:
             std::string condition = joins[i]->expression;
             // Further conditions between the same two are rows of their own.
             for (; i + 1 < joins.size() && IsSamePair(*joins[i], *joins[i + 1]); ++i) {
-                condition = "(" + condition + ") AND (" + joins[i + 1]->expression + ")";
+                condition.insert(0, "(").append(") AND (").append(joins[i + 1]->expression).append(")");
             }
             Join(groups, *joins[i], condition);
         }

@@ -6,7 +6,7 @@ import sys
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 # Folder to the folders that it may include, besides itself.
-PLATFORM = ["locale", "automation", "conversion", "system", "format", "store", "script"]  # lower ones first
+PLATFORM = ["locale", "automation", "conversion", "system", "format", "functions", "store", "script"]  # lower ones first
 FLOORS = {f"platform/{name}": [f"platform/{below}" for below in PLATFORM[:i]] for i, name in enumerate(PLATFORM)}
 ALL_PLATFORM = list(FLOORS)
 FLOORS["support"] = ALL_PLATFORM

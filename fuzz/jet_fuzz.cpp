@@ -87,7 +87,7 @@ void Import(const std::vector<std::uint8_t>& content) {
     const std::unique_ptr<sqlite3, int (*)(sqlite3*)> handle(db, &sqlite3_close);
     try {
         ov::jet::PageFile file(content);
-        ov::jet::Import(file, db);
+        ov::jet::Import(file, db, "NOCASE");
     } catch (const ov::RuntimeError&) {
         // What a damaged file ends with.
     }

@@ -2,7 +2,6 @@
 
 #include "descriptor/database_cache.h"
 #include "platform/automation/errors.h"
-#include "platform/store/jet/conversion.h"
 #include "platform/store/jet/file_opening.h"
 #include "support/diagnostics.h"
 
@@ -39,8 +38,8 @@ Ref<Database> OpenedDatabase(const Text& path) {
     return DatabaseCache(path);
 }
 
-std::vector<TableFacts> TablesOf(const Text& path, const std::optional<Text>& password) {
-    return DescribeTables(path, PasswordFor(password));
+DatabaseFacts FactsOf(const Text& path, const std::optional<Text>& password) {
+    return DescribeDatabase(path, PasswordFor(password));
 }
 
 jet::ImportReport ConvertToSqlite(const Text& source, const std::optional<Text>& password, const std::string& target) {

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "platform/automation/text.h"
-#include "platform/store/jet/import_report.h"
+#include "platform/store/jet/conversion.h"
 #include "platform/store/store.h"
 #include "platform/store/table_facts.h"
 #include "scripting/rule_failures.h"
@@ -26,13 +26,14 @@ Text ReasonOfFailedOpen(const Text& path);
 /// The open database of @p path, which its modules share; Nothing if it cannot be opened.
 Ref<Database> OpenedDatabase(const Text& path);
 
-/// The tables of a database file of any kind.
+/// What a database file of any kind has.
 /// @param password of a Jet file; without one it is the descriptors'
 /// @throws RuntimeError with the reason why the file cannot be read
-std::vector<TableFacts> TablesOf(const Text& path, const std::optional<Text>& password);
+DatabaseFacts FactsOf(const Text& path, const std::optional<Text>& password);
 
 /// Writes the tables of the Jet file @p source to the new SQLite file @p target. What cannot be read is left out and
-/// reported. @param password as above @throws RuntimeError with the reason why nothing can be converted
+/// reported. @param password as above @throws jet::TargetError if the new file cannot be written, RuntimeError with the
+/// reason why nothing can be converted
 jet::ImportReport ConvertToSqlite(const Text& source, const std::optional<Text>& password, const std::string& target);
 
 }  // namespace ov

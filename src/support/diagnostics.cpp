@@ -7,6 +7,7 @@
 
 #include "platform/automation/conversions.h"
 #include "platform/locale/locale.h"
+#include "platform/store/statement_timeout.h"
 #include "platform/system/clock.h"
 #include "platform/system/debug_output.h"
 #include "platform/system/file_system.h"
@@ -43,6 +44,7 @@ void SetSwitches(Diagnostics& diagnostics, DebugMode mode) {
     diagnostics.debugToFile =
         fromRegistry ? IsSwitchedOn(kControlsKey, u"DebugFile") : mode == DebugMode::OutputAndFile;
     diagnostics.timing = IsSwitchedOn(kControlsKey, u"Timing");
+    SetStatementTimeout(NumberOr(kControlsKey, u"StatementTimeout", kUsualStatementTimeout));
     diagnostics.maxPasses = NumberOr(kControlsKey, u"MaxPasses", Diagnostics().maxPasses);
     diagnostics.typeAndAddressNotInTag = IsSwitchedOn(kDtmKey, u"TypeAndAddressNotInTag");
 }

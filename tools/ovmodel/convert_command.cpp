@@ -22,6 +22,8 @@ ov::jet::ImportReport Convert(const std::string& source, const std::optional<std
         if (report.tables.empty()) throw Failure("'" + source + "' has no tables");
         file.Finish();
         return report;
+    } catch (const ov::jet::TargetError& error) {
+        throw Failure("cannot write '" + target + "': " + error.what());
     } catch (const ov::RuntimeError& error) {
         throw Failure("'" + source + "': " + error.what());
     }

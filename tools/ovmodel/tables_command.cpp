@@ -12,11 +12,11 @@ namespace ovmodel {
 
 namespace {
 
-std::vector<ov::TableFacts> ReadTables(const std::string& database, const std::optional<std::string>& password) {
+ov::DatabaseFacts ReadFacts(const std::string& database, const std::optional<std::string>& password) {
     try {
         std::optional<ov::Text> given;
         if (password) given = ov::Text::FromUtf8(*password);
-        return ov::TablesOf(ov::Text::FromUtf8(database), given);
+        return ov::FactsOf(ov::Text::FromUtf8(database), given);
     } catch (const ov::RuntimeError& error) {
         throw Failure("'" + database + "': " + error.what());
     }
@@ -75,11 +75,14 @@ void AddTablesCommand(CLI::App& app) {
     command->add_option("--password", options->password, "Password of a Jet file (default: the descriptors')");
     command->add_flag("--json", options->json, "Write JSON");
     command->callback([options] {
-        const auto tables = ReadTables(options->database, options->password);
+        const ov::DatabaseFacts facts = ReadFacts(options->database, options->password);
         if (options->json) {
-            Print(ToJson(tables));
+            Print(ToJson(facts.tables));
         } else {
-            PrintTables(tables);
+            PrintTables(facts.tables);
+        }
+        for (const ov::Text& line : facts.leftOut) {
+            std::cerr << "ovmodel: left out: " << line.ToUtf8() << "\n";
         }
     });
 }

@@ -60,6 +60,8 @@ std::u16string ToUpperCase(std::u16string_view text);
 std::u16string ToLowerCase(std::u16string_view text);
 /// The order of two texts for a person: without regard to case, by the locale's collation. -1, 0 or 1.
 int CompareTexts(std::u16string_view a, std::u16string_view b);
+/// The same in an order that no locale changes: what is stored in it is found in it again.
+int CompareTextsNeutral(std::u16string_view a, std::u16string_view b);
 /// The simple case folding of one character beyond ASCII; one half of a surrogate pair stays as it is.
 char16_t FoldCharacter(char16_t c) noexcept;
 

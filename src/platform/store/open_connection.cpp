@@ -12,8 +12,15 @@ std::shared_ptr<sqlite::Connection> OpenConnection(const Text& name, bool exclus
         throw RuntimeError(ErrorNumber::FileNotFoundByEngine, u"Could not find file '" + name + u"'.");
     }
     const std::string path = file_system::NativePath(name);
-    std::shared_ptr<sqlite::Connection> connection = sqlite::OpenFile(path, exclusive);
-    if (!connection) connection = jet::OpenFile(path, exclusive, jet::PasswordOf(connect));
+    std::shared_ptr<sqlite::Connection> connection;
+    try {
+        connection = sqlite::OpenFile(path, exclusive);
+        if (!connection) connection = jet::OpenFile(path, exclusive, jet::PasswordOf(connect));
+    } catch (const RuntimeError&) {
+        throw;
+    } catch (...) {
+        throw CurrentError();  // such as a lack of memory
+    }
     if (!connection) {
         throw RuntimeError(ErrorNumber::UnrecognizedFormat, u"Unrecognized database format '" + name + u"'.");
     }

@@ -12,6 +12,7 @@
 
 #include "platform/automation/collection.h"
 #include "platform/automation/dispatch.h"
+#include "platform/automation/enumeration.h"
 #include "platform/automation/text.h"
 
 namespace ov {
@@ -43,6 +44,20 @@ public:
     virtual bool Required() = 0;
     /// A property of the column, such as "RowSource". @throws RuntimeError 3265 if it has none of that name
     virtual Variant Properties(const Text& name) = 0;
+};
+
+/// The columns of a recordset as hosts and scripts see them.
+class FieldList : public IDispatch {
+public:
+    static constexpr Guid kIid = Guid::Parse("{1E3A7C60-52D4-4B0B-9A8E-0C5D7F2B6A15}");
+    static constexpr const char* kName = "Fields";
+    static constexpr bool kIsEngineObject = true;
+    static const InterfaceInfo& Members();
+
+    virtual std::int32_t Count() = 0;
+    /// As Recordset::Fields. The default member.
+    virtual Ref<Field> Item(const Variant& item) = 0;
+    virtual Ref<IEnumVariant> NewEnum() = 0;
 };
 
 /// The rows of a table or query, one of them current. A fresh recordset stands on its first row, if it has one.
@@ -79,6 +94,8 @@ public:
     virtual Ref<Field> Fields(const Variant& item) = 0;
     /// Number of columns.
     virtual std::int32_t FieldCount() = 0;
+    /// The field that @p item names, or all of them where it is left out.
+    Variant FieldOrFields(const std::optional<Variant>& item);
 
     /// The columns' names, shared by all rows; never nullptr.
     virtual const std::shared_ptr<const ColumnNames>& Columns() = 0;
@@ -102,11 +119,14 @@ public:
     virtual Text Version() = 0;
     /// Opens a table by name or a query by its SQL text.
     /// @throws RuntimeError 3078 for no such table or query, 3075 for bad SQL, 3061 for names that the query does not
-    /// know, 3027 for anything that is not a read, 3011 for a damaged file, 3050 for one that another holds
+    /// know, 3027 for anything that is not a read, 3011 for a damaged file, 3050 for one that another holds, 3001 for a
+    /// query that takes longer than StatementTimeout
     virtual Ref<Recordset> OpenRecordset(const Text& source, std::optional<RecordsetType> type = {},
                                          std::optional<RecordsetOptions> options = {}) = 0;
     /// The names of the tables that a descriptor brought, in the order of their creation.
     virtual std::vector<Text> TableNames() = 0;
+    /// A line for each thing of the file that cannot be opened, such as a saved query that is no selection.
+    virtual std::vector<Text> LeftOut() = 0;
 };
 
 /// A session with the engine.

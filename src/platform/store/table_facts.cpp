@@ -53,15 +53,18 @@ TableFacts Describe(const Text& name, sqlite::Table& table) {
 
 }  // namespace
 
-std::vector<TableFacts> DescribeTables(const Text& path, const Text& password) {
+DatabaseFacts DescribeDatabase(const Text& path, const Text& password) {
     const std::shared_ptr<sqlite::Connection> connection = OpenConnection(path, false, u";PWD=" + password);
-    std::vector<TableFacts> tables;
+    DatabaseFacts facts;
     for (const Text& name : connection->TableNames()) {
         if (const std::shared_ptr<sqlite::Table> table = connection->FindTable(name)) {
-            tables.push_back(Describe(name, *table));
+            facts.tables.push_back(Describe(name, *table));
         }
     }
-    return tables;
+    for (const std::string& line : connection->Losses()) {
+        facts.leftOut.push_back(Text::FromUtf8(line));
+    }
+    return facts;
 }
 
 }  // namespace ov

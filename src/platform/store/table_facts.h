@@ -21,7 +21,12 @@ struct TableFacts {
     std::int64_t rows;
 };
 
-/// The tables of a database file of any kind, in the order of their making. @throws RuntimeError as opening does
-std::vector<TableFacts> DescribeTables(const Text& path, const Text& password);
+struct DatabaseFacts {
+    std::vector<TableFacts> tables;  ///< in the order of their making
+    std::vector<Text> leftOut;       ///< a line for each thing that cannot be opened
+};
+
+/// What a database file of any kind has. @throws RuntimeError as opening does
+DatabaseFacts DescribeDatabase(const Text& path, const Text& password);
 
 }  // namespace ov

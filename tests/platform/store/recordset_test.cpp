@@ -248,6 +248,14 @@ TEST_F(StoreRecordset, FieldsByNameAndByNumber) {
     const Ref<Recordset> texts = Table(u"Texts");
     EXPECT_EQ(texts->FieldCount(), 3);
     EXPECT_EQ(texts->Fields(2)->Name(), u"Text_9");
+    const Variant all = texts->FieldOrFields({});
+    EXPECT_EQ(facet<FieldList>(all.AsObject())->Count(), 3);
+    std::string names;
+    Variant field;
+    for (const Ref<IEnumVariant> each = Enumerate(all.AsObject()); each->Next(field);) {
+        names += facet<Field>(field.AsObject())->Name().ToUtf8() + " ";
+    }
+    EXPECT_EQ(names, "TEXT_IDX Text_7 Text_9 ");
     EXPECT_EQ(Describe(texts->Fields(u"TEXT_7")->Value()), "String drei");
     for (const Variant& item : {Variant(u"Text_8"), Variant(u"2"), Variant(3), Variant(-1)}) {
         ExpectError(3265, "Item not found in this collection.", [&] { texts->Fields(item); });
@@ -262,8 +270,8 @@ TEST_F(StoreRecordset, FieldsByNameAndByNumber) {
     // As a script sees it: fields, and by default their values.
     Variant name = u"Text_9";
     Arguments arguments{{&name, 1}};
-    const Variant field = texts->Invoke(kDispIdValue, CallKind::Call, arguments);
-    EXPECT_EQ(ToText(field), u"three");
+    const Variant single = texts->Invoke(kDispIdValue, CallKind::Call, arguments);
+    EXPECT_EQ(ToText(single), u"three");
 }
 
 TEST_F(StoreRecordset, FieldPropertiesFollowAColumnIntoQueries) {

@@ -1,4 +1,5 @@
 #include "platform/store/sqlite/sql_text.h"
+#include "platform/store/statement_timeout.h"
 #include "platform/store/store_testing.h"
 
 namespace ov {
@@ -35,7 +36,7 @@ TEST_F(StoreSql, JoinsTextsWithTheRightPrecedence) {
     EXPECT_EQ(Eval("1 + 2 & 3 * 4"), "String 312");
     EXPECT_EQ(Eval("'a' & NULL & 2.0"), "String a2");
     EXPECT_EQ(Eval("NULL & ''"), "String ");
-    EXPECT_EQ(Eval("'a' & 'b' = 'ab'"), "Long 1");
+    EXPECT_EQ(Eval("'a' & 'b' = 'ab'"), "Long -1");
     EXPECT_EQ(Eval("('a' & ('b' & 'c')) & Len('x' & 'yz')"), "String abc3");
     EXPECT_EQ(Eval("'<' & CASE 'a' & 'b' WHEN 'ab' THEN 'y' & 'z' ELSE 'n' END & '>'"), "String <yz>");
     EXPECT_EQ(Eval("'a & b' & \"'\" & '''&'"), "String a & b''&");
@@ -45,6 +46,13 @@ TEST_F(StoreSql, JoinsTextsWithTheRightPrecedence) {
     EXPECT_EQ(Where("name & '' = ''"), "3");
     EXPECT_EQ(Where("NOT name & '' = '' AND id & name LIKE '1' & 'a%'"), "1");
     EXPECT_EQ(Eval("'a' & (SELECT name & '!' FROM t WHERE id & '' = 1 & '')"), "String aAlpha!");
+    std::string many = "'x'", any = "id = 0";
+    for (int i = 1; i < 300; ++i) {
+        many += " & ''";
+        any += " OR id = " + std::to_string(i);
+    }
+    EXPECT_EQ(Eval(many), "String x");
+    EXPECT_EQ(Where(any), "1234");
     EXPECT_EQ(Eval("'a' &"), "error 3075");
 }
 
@@ -90,7 +98,7 @@ TEST_F(StoreSql, FunctionsMeanWhatAuthorsExpect) {
 
 TEST_F(StoreSql, LikeKnowsBothKindsOfWildcards) {
     const auto like = [&](const std::string& text, const std::string& pattern) {
-        return Eval("'" + text + "' LIKE '" + pattern + "'") == "Long 1";
+        return Eval("'" + text + "' LIKE '" + pattern + "'") == "Long -1";
     };
     EXPECT_TRUE(like("Alpha", "al*"));
     EXPECT_TRUE(like("Alpha", "%PH_"));
@@ -117,9 +125,13 @@ TEST_F(StoreSql, TopLimitsItsSelect) {
 }
 
 TEST_F(StoreSql, TextsThatDifferInValuesShareAStatement) {
-    const auto rewrite = [](const char* sql) { return sqlite::SqlText(sql).Rewrite(); };
+    struct : sqlite::SqlSchema {
+        std::optional<Source> FindSource(const std::string&) override { return Source{nullptr, "rowid"}; }
+        std::string_view TextCollation() const noexcept override { return {}; }
+    } schema;
+    const auto rewrite = [&](const char* sql) { return sqlite::SqlText(sql).Rewrite(schema); };
     const sqlite::SqliteQuery query = rewrite("SELECT * FROM t WHERE id = 12 AND name = 'it''s' AND n > 5");
-    EXPECT_EQ(query.text, "SELECT * FROM t WHERE id = ? AND name = ? AND n > 5");
+    EXPECT_EQ(query.text, rewrite("SELECT * FROM t WHERE id = 3 AND name = 'x' AND n > 5").text);
     ASSERT_EQ(query.values.size(), 2u);
     EXPECT_EQ(Describe(query.values[0]) + Describe(query.values[1]), "Long 12String it's");
     EXPECT_TRUE(rewrite("SELECT 1 WHERE 1 = 1.5 OR 1 = 0x1F OR 1 = 99999999999").values.empty());
@@ -148,6 +160,18 @@ TEST_F(StoreSql, ErrorsHaveTheEnginesNumbers) {
     error(3075, "syntax error", "SELEC id, n FROM t");
     error(3075, "incomplete input", "SELECT id FROM t WHERE id = (1");
     error(3075, "unrecognized token", "SELECT 'abc");
+    error(3075, "no such function: Foo", "SELECT Foo(1) FROM t");
+    error(3075, "wrong number of arguments to function Date", "SELECT Date('now')");
+    EXPECT_EQ(Eval(std::string(90, '(') + "1" + std::string(90, ')')), "Long 1");
+    std::string sum = "SELECT 1", top = "SELECT 1 AS a";
+    for (int i = 0; i < 5000; ++i) {
+        sum += " + 1";
+    }
+    for (int i = 0; i < 40; ++i) {
+        top = "SELECT TOP 9 PERCENT a FROM (" + top + ") ORDER BY a";
+    }
+    error(3075, "too long", sum.c_str());
+    error(3075, "too long", top.c_str());
     error(3075, "nested too deeply", (std::string("SELECT ") + std::string(5000, '(')).c_str());
     error(3075, "end of SQL statement", "SELECT 1; SELECT 2");
     error(3075, "too many",
@@ -196,13 +220,29 @@ TEST_F(StoreSql, NothingButReadsPasses) {
 }
 
 TEST_F(StoreSql, ResultsWithoutEndAreRefused) {
+    SetStatementTimeout(300'000);  // it is the memory that ends them
     EXPECT_EQ(Ask(mDb, "WITH RECURSIVE c(x) AS (SELECT zeroblob(1000000) UNION ALL SELECT x FROM c) SELECT x FROM c"),
               "error 7");
     EXPECT_EQ(Ask(mDb,
                   "WITH RECURSIVE c(x) AS (SELECT 1 UNION ALL SELECT x + 1 FROM c) SELECT zeroblob(100000), x FROM c "
                   "ORDER BY -x"),
               "error 7");
+    SetStatementTimeout(kUsualStatementTimeout);
     EXPECT_EQ(Ask(mDb, "SELECT zeroblob(100000000)"), "error 3075");
+}
+
+// Each view of the chain doubles what the one before stands for.
+TEST_F(StoreSql, ViewsThatDoubleAreRefused) {
+    std::string sql = "CREATE VIEW v0 AS SELECT 1 AS a;";
+    for (int i = 1; i < 40; ++i) {
+        const std::string before = "v" + std::to_string(i - 1);
+        sql += "CREATE VIEW v" + std::to_string(i) + " AS SELECT x.a FROM " + before + " x, " + before + " y;";
+    }
+    const TestDatabase file(sql);
+    const Ref<Database> db = file.Open();
+    EXPECT_EQ(Ask(db, "v5"), "Long 1");
+    ExpectError(3075, "view 'v39' stands on too many others", [&] { db->OpenRecordset(u"v39"); });
+    ExpectError(3075, "stands on too many others", [&] { db->OpenRecordset(u"SELECT a FROM t1, v30"); });
 }
 
 TEST_F(StoreSql, ObjectsOfTheFileRunNothing) {

@@ -171,6 +171,9 @@ void CheckTables(Inspection& inspection) {
         CheckShape(inspection, shape);
     }
     CheckLanguages(inspection);
+    for (const Text& line : inspection.descriptor.database().LeftOut()) {
+        inspection.Add(Severity::Warning, "Database", "", "left out: " + line.ToUtf8());
+    }
 }
 
 void CheckDoubles(Inspection& inspection) {

@@ -107,7 +107,7 @@ Descriptor::Descriptor(const std::string& path) : mPath(std::filesystem::absolut
     if (!reason.empty()) throw Failure(reason.ToUtf8());
     mDatabase = ov::OpenedDatabase(name);
     try {
-        for (const ov::TableFacts& facts : ov::TablesOf(name, std::nullopt)) {
+        for (const ov::TableFacts& facts : ov::FactsOf(name, std::nullopt).tables) {
             mTables.push_back(std::make_unique<Table>(*mDatabase, facts));
         }
     } catch (const ov::RuntimeError& error) {

@@ -5,7 +5,7 @@
 #include <string>
 
 #include "platform/automation/number_digits.h"
-#include "platform/script/vbscript/date_literal.h"
+#include "platform/functions/date_literal.h"
 #include "platform/script/vbscript/limits.h"
 
 namespace ov::vbscript {

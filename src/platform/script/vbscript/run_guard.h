@@ -8,6 +8,7 @@
 
 #include "platform/automation/memory_account.h"
 #include "platform/script/script_control.h"
+#include "platform/system/deadline.h"
 
 namespace ov::vbscript {
 
@@ -32,7 +33,7 @@ public:
     /// True while a script runs.
     static bool IsActive() noexcept { return sDepth != 0; }
     /// True if the running script's time is over.
-    static bool IsTimeOver() noexcept;
+    static bool IsTimeOver() noexcept { return Deadline::IsOver(); }
     /// @throws ScriptTimeout if it is
     static void CheckTime() {
         if (IsTimeOver()) throw ScriptTimeout();
@@ -40,11 +41,10 @@ public:
 
 private:
     static inline int sDepth = 0;
-    static inline std::int64_t sDeadline = 0;  // milliseconds of the clock; 0 for none
     static inline const char* sStackStart = nullptr;
 
-    std::int64_t mOuterDeadline;
     std::optional<MemoryAccount::Limit> mMemory;
+    std::optional<Deadline> mDeadline;
 };
 
 /// The bounds of a run for whatever scripts run because objects end, unless a run is under way already. Without it each

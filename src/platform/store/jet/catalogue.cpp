@@ -9,6 +9,7 @@ namespace ov::jet {
 namespace {
 
 constexpr std::uint32_t kCataloguePage = 2;
+constexpr std::string_view kQueriesTable = "MSysQueries";
 
 enum ObjectType : std::int64_t { kTable = 1, kLinkByDriver = 4, kQuery = 5, kLink = 6 };
 
@@ -32,20 +33,18 @@ public:
     void Add(const Row& row, Catalogue& catalogue) {
         const std::string name(mValues.Read(row, *mColumns[1]).bytes);
         const std::int64_t type = Number(row, 2);
+        if (type == kTable && name == kQueriesTable) catalogue.queriesPage = PageOf(row);
         if (IsOwn(name, Number(row, 3))) return;
         switch (type) {
-            case kTable: {
-                constexpr std::int64_t kPageMask = 0xFFFFFF;
-                const auto page = static_cast<std::uint32_t>(Number(row, 0) & kPageMask);
-                catalogue.tables.push_back({name, page, PropertiesOf(row, name, catalogue)});
+            case kTable:
+                catalogue.tables.push_back({name, PageOf(row), PropertiesOf(row, name, catalogue)});
                 break;
-            }
             case kLink:
             case kLinkByDriver:
                 catalogue.losses.push_back("table '" + name + "' is a link to another file");
                 break;
             case kQuery:
-                catalogue.losses.push_back("query '" + name + "' is not converted");
+                catalogue.queries.push_back({name, Number(row, 0)});
                 break;
             default:  // forms, relations and the like are nothing that is read
                 break;
@@ -54,6 +53,11 @@ public:
 
 private:
     std::int64_t Number(const Row& row, std::size_t column) { return mValues.Read(row, *mColumns[column]).integer; }
+
+    std::uint32_t PageOf(const Row& row) {
+        constexpr std::int64_t kPageMask = 0xFFFFFF;
+        return static_cast<std::uint32_t>(Number(row, 0) & kPageMask);
+    }
 
     // The engine's own tables and what it has left over.
     static bool IsOwn(const std::string& name, std::int64_t flags) {
@@ -70,6 +74,7 @@ private:
             return ReadProperties(Bytes(std::span(bytes, stored.bytes.size())), mValues.text());
         } catch (const RuntimeError&) {
             catalogue.losses.push_back("table '" + name + "': its properties cannot be read");
+            catalogue.isDamaged = true;
             return {};
         }
     }

@@ -10,6 +10,7 @@
 #include <utility>
 
 #include "platform/store/sqlite/engine_error.h"
+#include "platform/store/sqlite/text_collation.h"
 
 namespace ov::jet {
 
@@ -33,6 +34,17 @@ public:
         whole.l_type = exclusive ? F_WRLCK : F_RDLCK;
         whole.l_whence = SEEK_SET;
         return fcntl(mDescriptor, F_GETLK, &whole) != 0 || whole.l_type == F_UNLCK;
+    }
+
+    // A file of the engine's cannot be larger, and it has all its bytes: one that has not would take memory that it
+    // never took on the disk.
+    bool MayBeWhole() const {
+        constexpr off_t kMostBytes = off_t{1} << 31;
+        struct stat status {};
+        if (fstat(mDescriptor, &status) != 0) Raise(ErrorNumber::CouldNotLockFile);
+        if (status.st_size > kMostBytes) return false;
+        const off_t hole = lseek(mDescriptor, 0, SEEK_HOLE);
+        return hole < 0 || hole >= status.st_size;
     }
 
     // Up to `most` bytes from the front.
@@ -65,7 +77,23 @@ sqlite::Handle OpenMemory() {
     sqlite::Handle handle(db);
     if (!db) Raise(ErrorNumber::OutOfMemory);
     if (code != SQLITE_OK) sqlite::RaiseEngineError(db, code);
+    if (sqlite::AddTextCollation(db) != SQLITE_OK) sqlite::RaiseEngineError(db, SQLITE_NOMEM);
     return handle;
+}
+
+// A query may stand on others, which come before it or behind it.
+void AddQueries(sqlite::Connection& connection, std::vector<ImportReport::Query> queries) {
+    for (std::size_t before = queries.size() + 1; queries.size() < before;) {
+        before = queries.size();
+        std::erase_if(queries, [&](ImportReport::Query& query) {
+            if (query.sql.empty()) return false;
+            query.obstacle = connection.AddView(query.name, query.sql);
+            return query.obstacle.empty();
+        });
+    }
+    for (const ImportReport::Query& query : queries) {
+        connection.AddLoss("query '" + query.name + "': " + query.obstacle);
+    }
 }
 
 }  // namespace
@@ -85,6 +113,7 @@ std::optional<PageFile> ReadFile(const std::string& path, bool exclusive, const 
     const OpenedFile opened(path);
     if (!RecognizeVersion(opened.Read(kSignatureBytes))) return std::nullopt;
     if (!opened.Lock(exclusive)) Raise(ErrorNumber::CouldNotLockFile);
+    if (!opened.MayBeWhole()) Raise(ErrorNumber::ObjectDamaged);
     PageFile file(opened.Read(std::vector<std::uint8_t>().max_size()));
     const Text& wanted = file.header().password;
     if (!wanted.empty() && wanted.view() != password.view()) Raise(ErrorNumber::NotAValidPassword);
@@ -95,9 +124,15 @@ std::shared_ptr<sqlite::Connection> OpenFile(const std::string& path, bool exclu
     std::optional<PageFile> file = ReadFile(path, exclusive, password);
     if (!file) return nullptr;
     sqlite::Handle db = OpenMemory();
-    if (Import(*file, db.get()).isDamaged) Raise(ErrorNumber::ObjectDamaged);
+    const ImportReport report = Import(*file, db.get(), sqlite::kTextCollation);
+    if (report.isDamaged) Raise(ErrorNumber::ObjectDamaged);
     file.reset();
-    return std::make_shared<sqlite::Connection>(std::move(db));
+    auto connection = std::make_shared<sqlite::Connection>(std::move(db), sqlite::Connection::Texts::IgnoreCase);
+    for (const std::string& loss : report.losses) {
+        connection->AddLoss(loss);
+    }
+    AddQueries(*connection, report.queries);
+    return connection;
 }
 
 }  // namespace ov::jet

@@ -5,6 +5,7 @@
 #include <set>
 
 #include "platform/store/jet/catalogue.h"
+#include "platform/store/jet/saved_queries.h"
 #include "platform/store/jet/sql_writer.h"
 
 namespace ov::jet {
@@ -19,7 +20,8 @@ std::string Words(const RuntimeError& error) {
 
 class Importer {
 public:
-    Importer(PageFile& file, sqlite3* db) : mFile(file), mDb(db), mValues(file) {}
+    Importer(PageFile& file, sqlite3* db, const char* textCollation)
+        : mFile(file), mDb(db), mTextCollation(textCollation), mValues(file) {}
 
     ImportReport Run() {
         const Catalogue catalogue = ReadCatalogue(mFile, mValues);
@@ -30,6 +32,7 @@ public:
             ImportTable(table);
         }
         ImportProperties(catalogue.tables);
+        mReport.queries = ReadSavedQueries(mFile, mValues, catalogue);
         RunSql(mDb, "COMMIT");
         return std::move(mReport);
     }
@@ -41,7 +44,7 @@ private:
             if (!mDefinitions.insert(entry.definitionPage).second) Raise(ErrorNumber::ObjectDamaged);
             const TableDefinition table = ReadTableDefinition(mFile, entry.definitionPage, mValues.text());
             if (table.columns.empty()) Raise(ErrorNumber::ObjectDamaged);
-            RunSql(mDb, CreateTableSql(entry.name, table));
+            RunSql(mDb, CreateTableSql(entry.name, table, mTextCollation));
             mReport.tables.push_back({entry.name, 0});
             CopyRows(table, mReport.tables.back());
         } catch (const RuntimeError& error) {
@@ -119,6 +122,7 @@ private:
 
     PageFile& mFile;
     sqlite3* mDb;
+    const char* mTextCollation;
     ValueReader mValues;
     std::set<std::uint32_t> mDefinitions;
     ImportReport mReport;
@@ -126,8 +130,8 @@ private:
 
 }  // namespace
 
-ImportReport Import(PageFile& file, sqlite3* db) {
-    return Importer(file, db).Run();
+ImportReport Import(PageFile& file, sqlite3* db, const char* textCollation) {
+    return Importer(file, db, textCollation).Run();
 }
 
 }  // namespace ov::jet

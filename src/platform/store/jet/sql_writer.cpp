@@ -50,14 +50,14 @@ std::string DeclaredType(const Column& column) {
 
 }  // namespace
 
-std::string CreateTableSql(const std::string& name, const TableDefinition& table) {
+std::string CreateTableSql(const std::string& name, const TableDefinition& table, std::string_view collation) {
     std::string sql = "CREATE TABLE main." + sqlite::QuoteName(name) + " (";
     for (std::size_t i = 0; i < table.columns.size(); ++i) {
         const Column& column = table.columns[i];
         sql += (i > 0 ? ", " : "") + sqlite::QuoteName(column.name) + " " + DeclaredType(column);
-        const bool isKey = std::ranges::find(table.primaryKey, i) != table.primaryKey.end();
-        // Jet compares texts without regard to case.
-        if (isKey && (column.type == ColumnType::Text || column.type == ColumnType::Memo)) sql += " COLLATE NOCASE";
+        const bool isText =
+            column.type == ColumnType::Text || column.type == ColumnType::Memo || column.type == ColumnType::Guid;
+        if (isText) sql += " COLLATE " + std::string(collation);
     }
     if (!table.primaryKey.empty()) {
         sql += ", PRIMARY KEY (";

@@ -6,14 +6,15 @@
 
 #include <memory>
 #include <string>
+#include <string_view>
 
 #include "platform/store/jet/table_definition.h"
 #include "platform/store/jet/values.h"
 
 namespace ov::jet {
 
-/// The statement that makes a table like @p table.
-std::string CreateTableSql(const std::string& name, const TableDefinition& table);
+/// The statement that makes a table like @p table, whose texts compare by @p collation.
+std::string CreateTableSql(const std::string& name, const TableDefinition& table, std::string_view collation);
 
 /// Runs a statement. @throws RuntimeError of the engine
 void RunSql(sqlite3* db, const std::string& sql);

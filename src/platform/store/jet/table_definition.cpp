@@ -26,6 +26,7 @@ struct Layout {
     std::size_t columnLength;
     std::size_t realIndexSize;
     std::size_t realIndexColumns;
+    std::size_t realIndexFlags;
     std::size_t indexSize;
     std::size_t indexRealNumber;
     std::size_t indexKind;
@@ -48,6 +49,7 @@ constexpr Layout kJet3{.variableColumnCount = 23,
                        .columnLength = 16,
                        .realIndexSize = 39,
                        .realIndexColumns = 0,
+                       .realIndexFlags = 38,
                        .indexSize = 20,
                        .indexRealNumber = 4,
                        .indexKind = 19,
@@ -68,6 +70,7 @@ constexpr Layout kJet4{.variableColumnCount = 43,
                        .columnLength = 23,
                        .realIndexSize = 52,
                        .realIndexColumns = 4,
+                       .realIndexFlags = 42,
                        .indexSize = 28,
                        .indexRealNumber = 8,
                        .indexKind = 23,
@@ -113,22 +116,30 @@ public:
         return columns;
     }
 
-    // Numbers of the primary key's columns.
+    // Numbers of the columns of the index that is named as readers ask for it. Names stand in the order of the indexes.
     std::vector<std::uint16_t> PrimaryKey(std::uint32_t realIndexCount, std::uint32_t indexCount) {
-        constexpr std::uint8_t kPrimaryKey = 1;
         constexpr std::uint16_t kNoColumn = 0xFFFF;
+        constexpr std::uint8_t kPrimaryKey = 1;
+        constexpr std::uint8_t kUnique = 1;
+        bool isUnique = false;
         const std::size_t realIndexesAt = mAt;
         SkipEntries(realIndexCount, mLayout.realIndexSize);
+        const std::size_t indexesAt = mAt;
+        SkipEntries(indexCount, mLayout.indexSize);
         std::optional<std::uint32_t> key;
         for (std::uint32_t i = 0; i < indexCount && !key; ++i) {
-            const Bytes index = mBytes.Part(mAt, mLayout.indexSize);
-            if (index.U8(mLayout.indexKind) == kPrimaryKey) key = index.U32(mLayout.indexRealNumber);
-            mAt += mLayout.indexSize;
+            if (!EqualNoCase(Text::FromUtf8(Name()), u"PrimaryKey")) continue;
+            const std::size_t index = indexesAt + i * mLayout.indexSize;
+            key = mBytes.U32(index + mLayout.indexRealNumber);
+            isUnique = mBytes.U8(index + mLayout.indexKind) == kPrimaryKey;
         }
         std::vector<std::uint16_t> numbers;
         if (!key) return numbers;
         if (*key >= realIndexCount) Raise(ErrorNumber::ObjectDamaged);
-        const std::size_t at = realIndexesAt + *key * mLayout.realIndexSize + mLayout.realIndexColumns;
+        const std::size_t realIndex = realIndexesAt + *key * mLayout.realIndexSize;
+        isUnique = isUnique || (mBytes.U8(realIndex + mLayout.realIndexFlags) & kUnique) != 0;
+        if (!isUnique) return numbers;
+        const std::size_t at = realIndex + mLayout.realIndexColumns;
         for (std::size_t i = 0; i < kMostKeyColumns; ++i) {
             const std::uint16_t number = mBytes.U16(at + i * kKeyColumnSize);
             if (number != kNoColumn) numbers.push_back(number);

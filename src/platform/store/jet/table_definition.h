@@ -49,7 +49,7 @@ struct TableDefinition {
     std::uint32_t page = 0;
     std::vector<Column> columns;  ///< in the order of their numbers
     bool hasVariableColumns = false;
-    std::vector<std::size_t> primaryKey;  ///< places among the columns
+    std::vector<std::size_t> primaryKey;  ///< of the index "PrimaryKey"; places among the columns
     RowPointer usageMap{};                ///< tells the pages of the rows
 };
 

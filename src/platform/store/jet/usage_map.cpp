@@ -7,14 +7,10 @@ namespace ov::jet {
 namespace {
 
 // One bit for each page from `first` on.
-void AddPages(PageFile& file, const Bytes& bits, std::size_t first, std::vector<std::uint32_t>& pages) {
+void AddPages(const Bytes& bits, std::size_t first, std::vector<std::uint32_t>& pages) {
     for (std::size_t i = 0; i < bits.size(); ++i) {
-        if (first + i * 8 >= file.PageCount()) return;
         for (std::size_t bit = 0; bit < 8; ++bit) {
-            const std::size_t page = first + i * 8 + bit;
-            if ((bits.U8(i) >> bit & 1) != 0 && page < file.PageCount()) {
-                pages.push_back(static_cast<std::uint32_t>(page));
-            }
+            if ((bits.U8(i) >> bit & 1) != 0) pages.push_back(static_cast<std::uint32_t>(first + i * 8 + bit));
         }
     }
 }
@@ -29,17 +25,17 @@ std::vector<std::uint32_t> ReadUsageMap(PageFile& file, RowPointer at) {
     std::vector<std::uint32_t> pages;
     switch (map.U8(0)) {
         case kInline:
-            AddPages(file, map.From(5), map.U32(1), pages);
+            AddPages(map.From(5), map.U32(1), pages);
             return pages;
         case kOfPages: {
             const std::size_t pagesOfOne = (file.PageSize() - kMapPageHead) * 8;
             const std::size_t count = (map.size() - 1) / 4;
-            for (std::size_t i = 0; i < count && i * pagesOfOne < file.PageCount(); ++i) {
+            for (std::size_t i = 0; i < count; ++i) {
                 const std::uint32_t number = map.U32(1 + 4 * i);
                 if (number == 0) continue;  // none of these pages is the table's
                 const Bytes part = file.Page(number);
                 if (part.U8(0) != kMapPage) Raise(ErrorNumber::ObjectDamaged);
-                AddPages(file, part.From(kMapPageHead), i * pagesOfOne, pages);
+                AddPages(part.From(kMapPageHead), i * pagesOfOne, pages);
             }
             return pages;
         }

@@ -9,8 +9,8 @@
 
 namespace ov::jet {
 
-/// The numbers of the pages that the usage map at @p at names, in ascending
-/// order. @throws RuntimeError 3011
+/// The numbers of the pages that the usage map at @p at names, in ascending order. They may lie behind the end of a
+/// file that was cut off. @throws RuntimeError 3011
 std::vector<std::uint32_t> ReadUsageMap(PageFile& file, RowPointer at);
 
 }  // namespace ov::jet

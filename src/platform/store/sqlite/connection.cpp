@@ -5,7 +5,9 @@
 
 #include "platform/automation/errors.h"
 #include "platform/store/sqlite/engine_error.h"
-#include "platform/store/sqlite/sql_functions.h"
+#include "platform/store/sqlite/text_collation.h"
+#include "platform/store/statement_timeout.h"
+#include "platform/system/deadline.h"
 
 namespace ov::sqlite {
 
@@ -31,7 +33,8 @@ void Secure(sqlite3* db) {
     // Far above what a descriptor needs.
     for (const Limit limit : {Limit{SQLITE_LIMIT_LENGTH, 16 << 20}, Limit{SQLITE_LIMIT_SQL_LENGTH, 1 << 20},
                               Limit{SQLITE_LIMIT_EXPR_DEPTH, 500}, Limit{SQLITE_LIMIT_COMPOUND_SELECT, 100},
-                              Limit{SQLITE_LIMIT_ATTACHED, 0}, Limit{SQLITE_LIMIT_TRIGGER_DEPTH, 1}}) {
+                              Limit{SQLITE_LIMIT_LIKE_PATTERN_LENGTH, 100}, Limit{SQLITE_LIMIT_ATTACHED, 0},
+                              Limit{SQLITE_LIMIT_TRIGGER_DEPTH, 1}}) {
         sqlite3_limit(db, limit.id, limit.value);
     }
 }
@@ -65,9 +68,8 @@ private:
     Connection& mConnection;
 };
 
-Connection::Connection(Handle db) : mDb(std::move(db)) {
+Connection::Connection(Handle db, Texts texts) : mDb(std::move(db)), mTexts(texts), mFunctions(mDb.get(), *this) {
     Secure(mDb.get());
-    Check(mDb.get(), AddSqlFunctions(mDb.get()));
     Check(mDb.get(), sqlite3_set_authorizer(mDb.get(), &Authorize, this));
 }
 
@@ -85,7 +87,7 @@ int Connection::Authorize(void* self, int action, const char*, const char* secon
     }
 }
 
-bool Connection::ReadFirst() {
+bool Connection::ReadFirstTime() {
     const int code = sqlite3_exec(mDb.get(), "SELECT 1 FROM sqlite_schema", nullptr, nullptr, nullptr);
     if ((code & 0xFF) == SQLITE_NOTADB) return false;
     Check(mDb.get(), code);
@@ -95,14 +97,17 @@ bool Connection::ReadFirst() {
 void Connection::ReadSchema() {
     // The order of the rows is that of creation.
     Statement statement(mDb.get(),
-                        "SELECT name, type = 'table' FROM sqlite_schema"
+                        "SELECT name, type = 'table', sql FROM sqlite_schema"
                         " WHERE type IN ('table', 'view') AND lower(substr(name, 1, 7)) <> 'sqlite_' ORDER BY rowid");
-    const RowStore rows = statement.ReadRows(2);
+    const RowStore rows = statement.ReadRows(3);
     std::vector<SchemaEntry> schema;
     for (std::size_t row = 0; row < rows.size(); ++row) {
         const Cell& name = rows[row][0];
         if (name.kind == CellKind::Text) {
-            schema.push_back({Text::FromUtf8(name.Bytes()), rows[row][1].integer != 0, nullptr});
+            const bool isTable = rows[row][1].integer != 0;
+            const Cell& sql = rows[row][2];
+            SchemaEntry& entry = schema.emplace_back(SchemaEntry{Text::FromUtf8(name.Bytes()), isTable, nullptr});
+            if (!isTable && sql.kind == CellKind::Text) entry.sql = sql.Bytes();
         }
     }
     mSchema = std::move(schema);
@@ -132,8 +137,109 @@ std::shared_ptr<Table> Connection::FindTable(const Text& name) {
 }
 
 std::optional<Text> Connection::FindTableOrView(const Text& name) {
-    const SchemaEntry* entry = FindEntry(name);
-    return entry ? std::optional(entry->name) : std::nullopt;
+    SchemaEntry* entry = FindEntry(name);
+    if (!entry) return std::nullopt;
+    CheckWeight(*entry);
+    return entry->name;
+}
+
+std::string Connection::AddView(const std::string& name, const std::string& sql) {
+    try {
+        const std::string text = SqlText(sql).RewriteForView(*this);
+        if (FindEntry(Text::FromUtf8(name))) return "there is a table of its name";
+        const InternalStatements internal(*this);
+        const auto run = [&](const std::string& words) {
+            return sqlite3_exec(mDb.get(), words.c_str(), nullptr, nullptr, nullptr);
+        };
+        const std::string view = "main." + QuoteName(name);
+        Check(mDb.get(), run("CREATE VIEW " + view + " AS " + text));
+        try {
+            const Statement works(mDb.get(), "SELECT * FROM " + view);
+        } catch (const RuntimeError&) {
+            run("DROP VIEW " + view);
+            throw;
+        }
+        return {};
+    } catch (const RuntimeError& error) {
+        return error.description().ToUtf8();
+    }
+}
+
+std::string_view Connection::TextCollation() const noexcept {
+    return mTexts == Texts::IgnoreCase ? kTextCollation : std::string_view();
+}
+
+std::optional<SqlSchema::Source> Connection::FindSource(const std::string& name) {
+    SchemaEntry* entry = FindEntry(Text::FromUtf8(name));
+    if (!entry) return std::nullopt;
+    CheckWeight(*entry);
+    if (!entry->source) entry->source = DescribeSource(*entry);
+    return entry->source;
+}
+
+// A query is compiled with all that its views stand for, and views of views can be made to double it again and again.
+std::size_t Connection::WeightOf(SchemaEntry& entry) {
+    if (entry.isTable) return 0;
+    if (entry.weight > 0) return entry.weight;
+    entry.weight = 1;  // of one that stands on itself, which is an error of its own
+    std::size_t weight = 1;
+    for (const SqlToken& token : ReadSqlTokens(entry.sql)) {
+        if (token.kind == SqlTokenKind::Space || token.kind == SqlTokenKind::Symbol) continue;
+        const Text word = Text::FromUtf8(token.Content());
+        const auto named =
+            std::ranges::find_if(mSchema, [&](const SchemaEntry& each) { return EqualNoCase(each.name, word); });
+        if (named != mSchema.end() && &*named != &entry) weight = std::min(weight + WeightOf(*named), kMaxWeight + 1);
+    }
+    entry.weight = weight;
+    return weight;
+}
+
+void Connection::CheckWeight(SchemaEntry& entry) {
+    if (WeightOf(entry) > kMaxWeight) throw BadQuery(u"view '" + entry.name + u"' stands on too many others");
+}
+
+SqlSchema::Source Connection::DescribeSource(const SchemaEntry& entry) {
+    const std::string from = " FROM main." + QuoteName(entry.name.ToUtf8());
+    const auto prepare = [&](const std::string& columns) -> std::optional<Statement> {
+        try {
+            return Statement(mDb.get(), "SELECT " + columns + from);
+        } catch (const RuntimeError&) {
+            return std::nullopt;  // a view that does not work, a table without row numbers
+        }
+    };
+    Source source;
+    const std::optional<Statement> all = prepare("*");
+    if (!all) return source;
+    const RowShape& shape = *mShapes.Of(all->get());
+    auto columns = std::make_shared<SqlNamedTypes>();
+    for (std::size_t i = 0; i < shape.columns.size(); ++i) {
+        columns->push_back({(*shape.names)[i].ToUtf8(), shape.columns[i].type});
+    }
+    for (const char* name : {"rowid", "_rowid_", "oid"}) {
+        const auto isName = [&](const SqlNamedType& column) { return SameName(column.name, name); };
+        if (!entry.isTable || std::ranges::any_of(*columns, isName)) continue;
+        if (prepare(name)) source.rowNumber = name;
+        break;
+    }
+    source.columns = std::move(columns);
+    return source;
+}
+
+// A query inside a query goes on with the outer one's time.
+Variant Connection::ReadFirst(const std::string& sql) {
+    constexpr int kMostDepth = 8;
+    if (mDomainDepth >= kMostDepth) throw BadQuery(u"expression is nested too deeply");
+    struct Depth {
+        explicit Depth(int& depth) : mDepth(depth) { ++mDepth; }
+        Depth(const Depth&) = delete;
+        Depth& operator=(const Depth&) = delete;
+        ~Depth() { --mDepth; }
+        int& mDepth;
+    } depth(mDomainDepth);
+    const SqliteQuery rewritten = SqlText(sql).Rewrite(*this);
+    Query query = Compile(rewritten);
+    const RowStore rows = Rows(query, rewritten.values, 1);
+    return rows.size() > 0 && rows.Width() > 0 ? Decode(rows[0][0], query.shape->columns[0].type) : Variant::Null();
 }
 
 std::vector<Text> Connection::TableNames() {
@@ -161,12 +267,18 @@ std::vector<std::string> Connection::ReadKeyNames(const std::string& table) {
 }
 
 QueryResult Connection::RunQuery(const SqlText& sql) {
-    const SqliteQuery rewritten = sql.Rewrite();
+    const Deadline deadline(StatementTimeout());
+    const SqliteQuery rewritten = sql.Rewrite(*this);
     Query& query = FindQuery(rewritten);
-    for (std::size_t i = 0; i < rewritten.values.size(); ++i) {
-        if (!query.statement.Bind(static_cast<int>(i) + 1, rewritten.values[i])) throw BadQuery(u"value is too long");
+    return {query.shape, Rows(query, rewritten.values, Statement::kAllRows)};
+}
+
+RowStore Connection::Rows(Query& query, const std::vector<Variant>& values, std::size_t limit) {
+    const auto places = static_cast<std::size_t>(sqlite3_bind_parameter_count(query.statement.get()));
+    for (std::size_t i = 0; i < std::min(values.size(), places); ++i) {
+        if (!query.statement.Bind(static_cast<int>(i) + 1, values[i])) throw BadQuery(u"value is too long");
     }
-    return {query.shape, query.statement.ReadRows(query.shape->columns.size())};
+    return query.statement.ReadRows(query.shape->columns.size(), limit);
 }
 
 Connection::Query& Connection::FindQuery(const SqliteQuery& query) {

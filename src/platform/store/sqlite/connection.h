@@ -13,6 +13,8 @@
 
 #include "platform/automation/text.h"
 #include "platform/store/sqlite/row_shape.h"
+#include "platform/store/sqlite/sql_functions.h"
+#include "platform/store/sqlite/sql_schema.h"
 #include "platform/store/sqlite/sql_text.h"
 #include "platform/store/sqlite/statement.h"
 #include "platform/store/sqlite/table.h"
@@ -35,17 +37,23 @@ struct QueryResult {
 /// by all recordsets; the last holder closes it.
 ///
 /// No lock on the file outlives a call: all rows that a call needs are copied by it.
-class Connection {
+class Connection final : private SqlSchema, private SqlDomainReader {
 public:
+    /// How texts compare where nothing else is told.
+    enum class Texts : std::uint8_t {
+        ByColumn,    ///< as the column's collation tells
+        IgnoreCase,  ///< without regard to case throughout, by the collation kTextCollation
+    };
+
     /// @param db where the rows come from: a file, or a database in memory that was filled before. Not yet read.
     /// @throws RuntimeError of the engine
-    explicit Connection(Handle db);
+    explicit Connection(Handle db, Texts texts = Texts::ByColumn);
     Connection(const Connection&) = delete;
     Connection& operator=(const Connection&) = delete;
 
     /// Reads for the first time. @returns false if the file is no database of SQLite
     /// @throws RuntimeError 3050 if another holds the file, others of the engine
-    bool ReadFirst();
+    bool ReadFirstTime();
 
     /// The table of a name, without regard to case, or nullptr.
     std::shared_ptr<Table> FindTable(const Text& name);
@@ -53,8 +61,14 @@ public:
     std::optional<Text> FindTableOrView(const Text& name);
     std::vector<Text> TableNames();
 
-    /// Runs a query. Its statement is kept for the next of its form.
-    /// @throws RuntimeError 3075, 3061, 3078, 3027 and others of the engine
+    /// Makes a view of a query in the words of descriptors. @returns "", or why there is none
+    std::string AddView(const std::string& name, const std::string& sql);
+    /// Keeps a line about something of the file that is not to be had here.
+    void AddLoss(std::string line) { mLosses.push_back(std::move(line)); }
+    const std::vector<std::string>& Losses() const noexcept { return mLosses; }
+
+    /// Runs a query, for as long as StatementTimeout allows. Its statement is kept for the next of its form.
+    /// @throws RuntimeError 3075, 3061, 3078, 3027, 3001 beyond the time, 7 beyond the memory, others of the engine
     QueryResult RunQuery(const SqlText& sql);
 
     /// The property @p name of a column that comes from a table's, or nullptr. Valid as long as the connection.
@@ -66,7 +80,10 @@ private:
     struct SchemaEntry {
         Text name;
         bool isTable;
-        std::shared_ptr<Table> table;  // once somebody has asked for it
+        std::shared_ptr<Table> table;    // once somebody has asked for it
+        std::optional<Source> source{};  // likewise, for a query
+        std::string sql{};               // that made a view
+        std::size_t weight = 0;          // of a view, once it is known: the views that it stands for, itself included
     };
     struct Query {
         std::string text;
@@ -76,21 +93,34 @@ private:
     class InternalStatements;
 
     static constexpr std::size_t kMaxQueries = 128;
+    static constexpr std::size_t kMaxWeight = 1000;
 
     static int Authorize(void* self, int action, const char* first, const char* second, const char*,
                          const char*) noexcept;
 
+    std::optional<Source> FindSource(const std::string& name) override;
+    std::string_view TextCollation() const noexcept override;
+    Variant ReadFirst(const std::string& sql) override;
+
+    Source DescribeSource(const SchemaEntry& entry);
+    std::size_t WeightOf(SchemaEntry& entry);
+    void CheckWeight(SchemaEntry& entry);
     void ReadSchema();
     SchemaEntry* FindEntry(const Text& name);
     std::vector<std::string> ReadKeyNames(const std::string& table);
     Query& FindQuery(const SqliteQuery& query);
     Query Compile(const SqliteQuery& query);
+    RowStore Rows(Query& query, const std::vector<Variant>& values, std::size_t limit);
     void ReadProperties();
 
     Handle mDb;
+    Texts mTexts;
+    SqlFunctions mFunctions;
+    int mDomainDepth = 0;    // domain functions inside each other
     bool mInternal = false;  // a statement of this class is being compiled
     RowShapes mShapes;
     std::vector<SchemaEntry> mSchema;
+    std::vector<std::string> mLosses;
     std::list<Query> mQueries;  // the one used last comes first
     std::unordered_map<std::string_view, std::list<Query>::iterator> mQueryIndex;
     std::optional<std::unordered_map<std::u16string, Variant>> mProperties;

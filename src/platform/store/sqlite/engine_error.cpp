@@ -2,6 +2,8 @@
 
 #include <string>
 
+#include "platform/system/deadline.h"
+
 namespace ov::sqlite {
 
 namespace {
@@ -52,6 +54,10 @@ RuntimeError BadQuery(const Text& words) {
     return RuntimeError(ErrorNumber::QuerySyntax, u"Syntax error in query expression: " + words);
 }
 
+RuntimeError QueryTimedOut() {
+    return RuntimeError(ErrorNumber::InvalidEngineArgument, u"Query timed out.");
+}
+
 RuntimeError TooFewParameters(int count) {
     return RuntimeError(ErrorNumber::TooFewParameters,
                         u"Too few parameters. Expected " + Text::FromInteger(count) + u".");
@@ -59,6 +65,8 @@ RuntimeError TooFewParameters(int count) {
 
 RuntimeError EngineError(int code, std::string_view words) {
     if (IsLockFailure(code)) return RuntimeError(ErrorNumber::CouldNotLockFile);
+    const bool isBrokenOff = (code & 0xFF) == SQLITE_INTERRUPT || (code & 0xFF) == SQLITE_ERROR;
+    if (isBrokenOff && Deadline::IsOver()) return QueryTimedOut();
     switch (code & 0xFF) {
         case SQLITE_BUSY:
         case SQLITE_LOCKED:
@@ -69,7 +77,7 @@ RuntimeError EngineError(int code, std::string_view words) {
         case SQLITE_NOTADB:
             return RuntimeError(ErrorNumber::UnrecognizedFormat);
         case SQLITE_NOMEM:
-        case SQLITE_INTERRUPT:  // a query that takes too much
+        case SQLITE_INTERRUPT:  // a query that takes too much memory
         case SQLITE_FULL:
             return RuntimeError(ErrorNumber::OutOfMemory);
         case SQLITE_AUTH:

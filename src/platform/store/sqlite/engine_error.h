@@ -20,6 +20,8 @@ RuntimeError EngineError(int code, std::string_view words);
 RuntimeError NoSuchTableOrQuery(const Text& name);
 /// Error 3075 with @p words behind its text.
 RuntimeError BadQuery(const Text& words);
+/// Error 3001 for a query whose time is over.
+RuntimeError QueryTimedOut();
 /// Error 3061 for @p count names or parameters without a value.
 RuntimeError TooFewParameters(int count);
 

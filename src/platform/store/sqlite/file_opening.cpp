@@ -111,7 +111,7 @@ std::shared_ptr<Connection> OpenFile(const std::string& path, bool exclusive) {
         db = OpenHandle(path, Locking::None);
     }
     auto connection = std::make_shared<Connection>(std::move(db));
-    return connection->ReadFirst() ? connection : nullptr;
+    return connection->ReadFirstTime() ? connection : nullptr;
 }
 
 }  // namespace ov::sqlite

@@ -7,12 +7,10 @@
 #include <vector>
 
 #include "platform/automation/variant.h"
+#include "platform/store/sqlite/sql_schema.h"
 #include "platform/store/sqlite/sql_tokens.h"
 
 namespace ov::sqlite {
-
-/// Name of the SQL function that joins texts; it stands for the operator "&".
-inline constexpr const char* kJoinFunction = "&";
 
 /// A statement in SQLite's words. Numbers and texts behind "=" are taken out as parameters, so that the queries for one
 /// group of a device and for another are one text, whose prepared statement serves them all.
@@ -37,19 +35,24 @@ public:
     /// True if it can be the name of a table: it begins no statement, or is one word.
     bool MayBeName() const noexcept;
 
-    /// What SQLite would read otherwise is put in its own words:
+    /// The query as SQLite is to run it, with the meaning that the descriptors' engine gives its words:
     ///
-    /// | in a descriptor         | means                                                       |
-    /// |-------------------------|-------------------------------------------------------------|
-    /// | `a & b`                 | the texts joined; binds weaker than `+`, stronger than `=`  |
-    /// | `x = True`, `x <> True` | x is any number but 0, x is 0; likewise with `False`        |
-    /// | `True`, `False`         | -1, 0                                                       |
-    /// | `Left(`, `Right(`       | functions, though they are words of a join                  |
-    /// | `SELECT TOP n`          | `LIMIT n` at the end of the SELECT                          |
+    /// | in a descriptor           | means                                                       |
+    /// |---------------------------|-------------------------------------------------------------|
+    /// | `a & b`, `a + b`          | the texts joined; Null is "" for the one, spreads for the other |
+    /// | `x = True`, `x <> True`   | x is any number but 0, x is 0; likewise with `False`        |
+    /// | `True`, `Yes`, `On`       | -1, as is any condition that is used as a value             |
+    /// | `"text"`, `#2/1/2003#`    | a text; a date, the month first                             |
+    /// | `a / b`, `a \ b`, `a ^ b` | as in the rule language, with its errors                    |
+    /// | `SELECT TOP n [PERCENT]`  | the first rows, and those that are level with the last      |
+    /// | no ORDER BY               | the rows in the order of their tables                       |
     ///
-    /// Names in square brackets SQLite knows by itself. Bad SQL stays bad SQL.
-    /// @throws RuntimeError 3075 for brackets that are too deep
-    SqliteQuery Rewrite() const;
+    /// Statements that are no queries stay as they are; they end at SQLite's refusal.
+    /// @throws RuntimeError 3075 for bad SQL
+    SqliteQuery Rewrite(SqlSchema& schema) const;
+    /// The same with all literals in their places. @throws RuntimeError 3075 for bad SQL, for what is no query, and for
+    /// one with parameters
+    std::string RewriteForView(SqlSchema& schema) const;
 
 private:
     std::string mSql;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cctype>
 
 namespace ov::sqlite {
 
@@ -62,6 +63,16 @@ private:
             SkipWhile(IsDigit);
         }
     }
+    // The length of "&H1F", or 0 if there is no such number here.
+    std::size_t HexLength() const {
+        if (Peek() != '&' || (Peek(1) != 'H' && Peek(1) != 'h')) return 0;
+        std::size_t length = 2;
+        while (std::isxdigit(static_cast<unsigned char>(Peek(length))) != 0) {
+            ++length;
+        }
+        if (length == 2 || IsWordPart(Peek(length))) return 0;
+        return length;
+    }
     void SkipSymbol() {
         static constexpr std::array<std::string_view, 8> kPairs = {"<>", "<=", ">=", "!=", "==", "||", "<<", ">>"};
         const std::string_view pair = mSql.substr(mAt, 2);
@@ -88,7 +99,15 @@ private:
         }
         if (c == '"' || c == '`') {
             SkipQuoted(c);
-            return SqlTokenKind::Name;
+            return c == '"' ? SqlTokenKind::Quoted : SqlTokenKind::Name;
+        }
+        if (c == '#') {
+            SkipTo("#", mAt + 1);
+            return SqlTokenKind::Date;
+        }
+        if (const std::size_t length = HexLength(); length > 0) {
+            mAt += length;
+            return SqlTokenKind::Number;
         }
         if (c == '[') {
             SkipTo("]", mAt);
@@ -124,6 +143,43 @@ bool EqualsUpper(std::string_view word, std::string_view upper) noexcept {
 
 bool SqlToken::IsWord(std::string_view upper) const noexcept {
     return kind == SqlTokenKind::Word && EqualsUpper(text, upper);
+}
+
+bool SameName(std::string_view a, std::string_view b) noexcept {
+    const auto fold = [](char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 0x20) : c; };
+    return std::ranges::equal(a, b, {}, fold, fold);
+}
+
+bool SqlToken::IsUnended() const noexcept {
+    switch (kind) {
+        case SqlTokenKind::Name:
+        case SqlTokenKind::Quoted:
+        case SqlTokenKind::String:
+        case SqlTokenKind::Date:
+            if (text.front() == '[') return text.back() != ']';
+            return std::ranges::count(text, text.front()) % 2 != 0;
+        default:
+            return false;
+    }
+}
+
+std::string SqlToken::Content() const {
+    switch (kind) {
+        case SqlTokenKind::Name:
+        case SqlTokenKind::Quoted:
+        case SqlTokenKind::String:
+        case SqlTokenKind::Date:
+            break;
+        default:
+            return std::string(text);
+    }
+    std::string content;
+    const bool isDoubled = text.front() != '[' && text.front() != '#';
+    for (std::size_t i = 1; i + 1 < text.size(); ++i) {
+        content += text[i];
+        if (isDoubled && text[i] == text.front()) ++i;  // the second of two
+    }
+    return content;
 }
 
 std::vector<SqlToken> ReadSqlTokens(std::string_view sql) {

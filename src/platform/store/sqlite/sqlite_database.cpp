@@ -1,6 +1,7 @@
 #include "platform/store/sqlite/sqlite_database.h"
 
 #include "platform/store/sqlite/engine_error.h"
+#include "platform/store/sqlite/sql_scope.h"
 #include "platform/store/sqlite/sql_text.h"
 #include "platform/store/sqlite/sqlite_recordset.h"
 
@@ -8,6 +9,14 @@ namespace ov::sqlite {
 
 Text SqliteDatabase::Version() {
     return Text::FromAscii(sqlite3_libversion());
+}
+
+std::vector<Text> SqliteDatabase::LeftOut() {
+    std::vector<Text> lines;
+    for (const std::string& line : mConnection->Losses()) {
+        lines.push_back(Text::FromUtf8(line));
+    }
+    return lines;
 }
 
 Ref<Recordset> SqliteDatabase::OpenTable(const Text& name) {
@@ -40,7 +49,7 @@ Ref<Recordset> SqliteDatabase::OpenRecordset(const Text& source, std::optional<R
     if (sql.MayBeName()) {
         if (const std::optional<Text> spelled = mConnection->FindTableOrView(name)) {
             if (wanted == RecordsetType::Default && mConnection->FindTable(*spelled)) return OpenTable(*spelled);
-            return OpenQuery(SqlText("SELECT * FROM " + QuoteName(spelled->ToUtf8())));
+            return OpenQuery(SqlText("SELECT * FROM " + BracketName(spelled->ToUtf8())));
         }
         if (sql.IsNameOnly() && !sql.BeginsStatement()) throw NoSuchTableOrQuery(name);
     }

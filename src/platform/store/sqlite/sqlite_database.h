@@ -23,6 +23,7 @@ public:
     Ref<Recordset> OpenRecordset(const Text& source, std::optional<RecordsetType> type,
                                  std::optional<RecordsetOptions> options) override;
     std::vector<Text> TableNames() override { return mConnection->TableNames(); }
+    std::vector<Text> LeftOut() override;
 
 private:
     Ref<Recordset> OpenTable(const Text& name);

@@ -2,24 +2,29 @@
 
 #include "platform/automation/conversions.h"
 #include "platform/store/sqlite/engine_error.h"
+#include "platform/system/deadline.h"
 
 namespace ov::sqlite {
 
 namespace {
 
 // The run of a statement: it ends, and with it the lock, however it ends. SQLite sorts in memory; where a query would
-// have more of it than a result may take, it is broken off.
+// have more of it than a result may take, or more time than there is, it is broken off. Runs nest: a function of a
+// query can run another.
 class Run {
 public:
-    explicit Run(sqlite3_stmt* statement) noexcept : mStatement(statement), mMemoryBefore(sqlite3_memory_used()) {
-        constexpr int kInstructions = 1'000;  // between two looks
-        sqlite3_progress_handler(sqlite3_db_handle(statement), kInstructions, &TakesTooMuch, this);
+    explicit Run(sqlite3_stmt* statement) noexcept
+        : mStatement(statement), mMemoryBefore(sqlite3_memory_used()), mOuter(sInnermost) {
+        sInnermost = this;
+        Watch();
     }
     Run(const Run&) = delete;
     Run& operator=(const Run&) = delete;
     ~Run() {
         sqlite3_reset(mStatement);
         sqlite3_progress_handler(sqlite3_db_handle(mStatement), 0, nullptr, nullptr);
+        sInnermost = mOuter;
+        if (mOuter) mOuter->Watch();
     }
 
     bool Step() {
@@ -29,13 +34,21 @@ public:
     }
 
 private:
+    void Watch() noexcept {
+        constexpr int kInstructions = 1'000;  // between two looks
+        sqlite3_progress_handler(sqlite3_db_handle(mStatement), kInstructions, &TakesTooMuch, this);
+    }
     static int TakesTooMuch(void* self) noexcept {
+        if (Deadline::IsOver()) return 1;
         const sqlite3_int64 taken = sqlite3_memory_used() - static_cast<const Run*>(self)->mMemoryBefore;
         return taken > static_cast<sqlite3_int64>(RowStore::kMaxBytes) ? 1 : 0;
     }
 
+    static inline Run* sInnermost = nullptr;
+
     sqlite3_stmt* mStatement;
     sqlite3_int64 mMemoryBefore;
+    Run* mOuter;
 };
 
 // A whole number stays exact where SQLite can hold it.

@@ -63,7 +63,7 @@ JetFile CopyToJet(const Text& path) {
         DefaultStoreEngine().CreateWorkspace(u"test", u"Admin", u"")->OpenDatabase(path, false, true, u"");
     JetFile file;
     bool hasProperties = false;
-    for (const TableFacts& facts : DescribeTables(path, u"")) {
+    for (const TableFacts& facts : DescribeDatabase(path, u"").tables) {
         if (facts.name == u"FieldProperties") {
             hasProperties = true;
         } else {

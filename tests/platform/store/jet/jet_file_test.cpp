@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 #include <csignal>
+#include <filesystem>
 #include <fstream>
 #include <sstream>
 
@@ -161,7 +162,7 @@ TEST_P(JetKinds, KeysPropertiesAndNameAreThere) {
     EXPECT_EQ(Ask(db, "SELECT first FROM [Keys] WHERE second = 'KEY2'"), "Long 7");
     const Ref<Recordset> rows = db->OpenRecordset(u"Keys", RecordsetType::dbOpenTable);
     EXPECT_EQ(rows->Fields(u"value")->Properties(u"RowSource").AsText(), u"SELECT a FROM TEXTS");
-    const std::vector<TableFacts> facts = DescribeTables(Text::FromUtf8(path), u"");
+    const std::vector<TableFacts> facts = DescribeDatabase(Text::FromUtf8(path), u"").tables;
     ASSERT_EQ(facts.size(), 3U);
     EXPECT_EQ(facts[0].rows, 3);
     EXPECT_EQ(facts[0].columns[0].keyPlace, 0U);
@@ -187,6 +188,86 @@ TEST_P(JetKinds, PasswordMustBeTheFiles) {
                              Case{"", u";PWD=9kelp", "Long 1"}, Case{"ein Wört", u";PWD=ein Wört", "Long 1"}}) {
         EXPECT_EQ(OpenAndWalk(Write({Numbers(1)}, each.password), each.connect), each.expected) << each.password;
     }
+}
+
+// Rows stand behind all that tells of them, so a file that was cut off lacks rows alone.
+TEST_P(JetKinds, CutFileIsDamaged) {
+    JetTable table = Numbers(400);
+    for (const bool hasMapPages : {false, true}) {
+        table.hasMapPages = hasMapPages;
+        const std::string path = Write({table});
+        ASSERT_TRUE(OpenAndWalk(path).starts_with("Long 1, Long 2"));
+        const std::uintmax_t size = std::filesystem::file_size(path);
+        const std::size_t pageSize = jet::PageSize(GetParam().version);
+        for (const std::uintmax_t cut : {size - pageSize, size - 1, size - 3 * pageSize}) {
+            Write({table});
+            std::filesystem::resize_file(path, cut);
+            EXPECT_EQ(OpenAndWalk(path), "error 3011") << hasMapPages << " " << cut;
+        }
+    }
+}
+
+TEST_P(JetKinds, FilesThatAreNoneAreNotRead) {
+    const std::string path = Write({Numbers(1)});
+    std::filesystem::resize_file(path, std::uintmax_t{1} << 30);
+    EXPECT_EQ(OpenAndWalk(path), "error 3011");
+    std::filesystem::resize_file(path, (std::uintmax_t{1} << 31) + 4096);
+    EXPECT_EQ(OpenAndWalk(path), "error 3011");
+}
+
+// A part of a saved query, as the catalogue of queries has it.
+JetRow Part(std::int64_t query, std::int64_t kind, const char* name1, const char* name2, const char* expression,
+            std::int64_t flag) {
+    static int order = 0;
+    const auto text = [](const char* value) { return *value ? JetValue(value) : JetValue(); };
+    const Bytes place = {static_cast<std::uint8_t>(++order)};
+    return {{query, kind, place, text(name1), text(name2), text(expression), flag}};
+}
+
+TEST_P(JetKinds, SavedSelectionsAreViews) {
+    JetTable parts{"MSysQueries",
+                   {{"ObjectId", ColumnType::Long},
+                    {"Attribute", ColumnType::Byte},
+                    {"Order", ColumnType::Binary},
+                    {"Name1", ColumnType::Text},
+                    {"Name2", ColumnType::Text},
+                    {"Expression", ColumnType::Memo},
+                    {"Flag", ColumnType::Integer}},
+                   {Part(-5, 1, "", "", "", 1),
+                    Part(-5, 3, "", "", "", 2),
+                    Part(-5, 5, "t", "", "", 0),
+                    Part(-5, 5, "t", "u", "", 0),
+                    Part(-5, 6, "label", "", "UCase(t.name) & \"!\"", 0),
+                    Part(-5, 7, "t", "u", "t.id = u.id", 1),
+                    Part(-5, 8, "", "", "t.id > 1", 0),
+                    Part(-5, 11, "D", "", "t.id", 0),
+                    Part(-6, 1, "", "", "", 4),
+                    Part(-6, 5, "t", "", "", 0),
+                    Part(-7, 1, "", "", "", 9),
+                    Part(-7, 3, "", "", "", 0),
+                    Part(-7, 5, "", "1", "SELECT label FROM Labels", 0),
+                    Part(-7, 5, "", "2", "SELECT name FROM t WHERE id = 1", 0),
+                    Part(-8, 1, "", "", "", 1),
+                    Part(-8, 3, "2", "", "", 0x11),
+                    Part(-8, 5, "t", "", "", 0),
+                    Part(-9, 1, "", "", "", 1),
+                    Part(-9, 2, "which", "", "", 4),
+                    Part(-9, 5, "t", "", "", 0),
+                    Part(-9, 6, "", "", "Eval(id)", 0)},
+                   {}};
+    const auto query = [](const char* name, std::int64_t id) { return JetTable{name, {}, {}, {}, 5, false, id}; };
+    const std::string path = Write({query("Both", -7), query("Labels", -5), query("Change", -6), query("First two", -8),
+                                    query("Asks", -9), Numbers(3), parts});
+    const Ref<Database> db = Open(path);
+    EXPECT_EQ(Walk(db->OpenRecordset(u"labels")), "String N3!, String N2!");
+    EXPECT_EQ(Ask(db, "SELECT * FROM Both WHERE label LIKE '*!'"), "String N3!, String N2!");
+    EXPECT_EQ(Walk(db->OpenRecordset(u"Both")), "String N3!, String N2!, String n1");
+    EXPECT_EQ(Ask(db, "SELECT name FROM [First two]"), "String n1, String n2");
+    EXPECT_EQ(Ask(db, "SELECT * FROM Change"), "error 3078");
+    const std::vector<Text> leftOut = db->LeftOut();
+    ASSERT_EQ(leftOut.size(), 2U);
+    EXPECT_EQ(leftOut[0], u"query 'Change': it is no selection");
+    EXPECT_NE(leftOut[1].view().find(u"it has parameters"), std::u16string_view::npos);
 }
 
 // A file is cut at any page, and each byte of its definitions and of its first rows is changed.
@@ -297,7 +378,7 @@ TEST(JetDescriptor, SampleIsTheSameAsInSqlite) {
     const std::string path = sqlite.folder() / "device.mdb";
     WriteJet(file, path);
     const Ref<Database> db = Open(path, u";PWD=9kelp");
-    const std::vector<TableFacts> facts = DescribeTables(sqlite.Path(), u"");
+    const std::vector<TableFacts> facts = DescribeDatabase(sqlite.Path(), u"").tables;
     ASSERT_EQ(facts.size(), file.tables.size() + 1);
     for (const TableFacts& table : facts) {
         // The rows of the properties have no order of their own.

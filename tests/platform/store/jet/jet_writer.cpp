@@ -45,14 +45,13 @@ public:
         NewPage();
         NewPage();
         NewPage();  // the catalogue's definition
+        // As in a file that has grown: the catalogue first, then the definitions, and the rows behind them.
         std::vector<JetRow> objects;
+        std::vector<std::size_t> definitions;
         for (const JetTable& table : mFile.tables) {
-            std::int64_t page = 0;
-            if (table.type == 1) {
-                page = static_cast<std::int64_t>(NewPage());
-                WriteTable(table, static_cast<std::size_t>(page), 'N');
-            }
-            objects.push_back({{page, table.name, std::int64_t{table.type}, std::int64_t{0}, PropertyBlob(table)}});
+            definitions.push_back(table.type == 1 ? NewPage() : 0);
+            const std::int64_t id = table.type == 1 ? static_cast<std::int64_t>(definitions.back()) : table.id;
+            objects.push_back({{id, table.name, std::int64_t{table.type}, std::int64_t{0}, PropertyBlob(table)}});
         }
         objects.push_back({{std::int64_t{2}, "MSysObjects", std::int64_t{1}, std::int64_t{-2147483648LL}, {}}});
         const JetTable catalogue{"MSysObjects",
@@ -64,6 +63,9 @@ public:
                                  objects,
                                  {}};
         WriteTable(catalogue, 2, 'S');
+        for (std::size_t i = 0; i < definitions.size(); ++i) {
+            if (definitions[i] != 0) WriteTable(mFile.tables[i], definitions[i], 'N');
+        }
         WriteHeader();
         Buffer all;
         for (std::size_t number = 0; number < mPages.size(); ++number) {
@@ -271,6 +273,8 @@ private:
         constexpr std::size_t kMoved = 0x4000;
         constexpr std::size_t kSkipped = 0x8000;
         RowPage map = NewRowPage(0);
+        const std::size_t mapPage = table.hasMapPages ? NewPage() : 0;
+        WriteDefinition(table, definition, static_cast<std::uint32_t>(map.page << 8), kind);
         std::vector<std::size_t> pages;
         const auto newPage = [&] {
             const RowPage rows = NewRowPage(static_cast<std::uint32_t>(definition));
@@ -291,13 +295,27 @@ private:
             if (!HasRoom(rows, body.size())) rows = newPage();
             AddRow(rows, body, flags);
         }
-        Buffer bits(1 + 4 + (pages.back() - pages.front()) / 8 + 1);
-        Put(bits, 1, pages.front(), 4);
+        AddRow(map, table.hasMapPages ? MapOnPage(mapPage, pages) : MapInRow(pages), 0);
+    }
+
+    static Buffer MapInRow(const std::vector<std::size_t>& pages) {
+        Buffer map(1 + 4 + (pages.back() - pages.front()) / 8 + 1);
+        Put(map, 1, pages.front(), 4);
+        SetBits(map, 5, pages, pages.front());
+        return map;
+    }
+    Buffer MapOnPage(std::size_t mapPage, const std::vector<std::size_t>& pages) {
+        Put(mPages[mapPage], 0, 0x0105, 2);
+        SetBits(mPages[mapPage], 4, pages, 0);
+        Buffer map(1 + 4 * 4);
+        map[0] = 1;
+        Put(map, 1, mapPage, 4);
+        return map;
+    }
+    static void SetBits(Buffer& map, std::size_t at, const std::vector<std::size_t>& pages, std::size_t first) {
         for (const std::size_t page : pages) {
-            const std::size_t bit = page - pages.front();
-            bits[5 + bit / 8] |= static_cast<std::uint8_t>(1 << bit % 8);
+            map[at + (page - first) / 8] |= static_cast<std::uint8_t>(1 << (page - first) % 8);
         }
-        WriteDefinition(table, definition, AddRow(map, bits, 0), kind);
     }
 
     void WriteDefinition(const JetTable& table, std::size_t page, std::uint32_t map, char kind) {

@@ -42,7 +42,9 @@ struct JetTable {
     std::vector<JetColumn> columns;
     std::vector<JetRow> rows;
     std::vector<JetProperty> properties;
-    int type = 1;  ///< in the catalogue: 6 is a link
+    int type = 1;              ///< in the catalogue: 6 is a link, 5 a query
+    bool hasMapPages = false;  ///< its map of pages is on pages of its own
+    std::int64_t id = 0;       ///< of a query
 };
 
 struct JetFile {

@@ -1,7 +1,7 @@
 #include <array>
 
+#include "platform/functions/name_index.h"
 #include "platform/script/vbscript/builtins.h"
-#include "platform/script/vbscript/builtins/name_index.h"
 
 namespace ov::vbscript {
 

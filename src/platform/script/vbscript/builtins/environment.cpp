@@ -1,8 +1,8 @@
 #include <algorithm>
 #include <array>
 
+#include "platform/functions/arguments.h"
 #include "platform/locale/locale.h"
-#include "platform/script/vbscript/builtins/arguments.h"
 #include "platform/script/vbscript/builtins/themes.h"
 
 namespace ov::vbscript {

@@ -1,8 +1,8 @@
 #include <array>
 #include <optional>
 
-#include "platform/script/vbscript/builtins/arguments.h"
-#include "platform/script/vbscript/builtins/pace.h"
+#include "platform/functions/arguments.h"
+#include "platform/functions/pace.h"
 #include "platform/script/vbscript/builtins/themes.h"
 
 namespace ov::vbscript {

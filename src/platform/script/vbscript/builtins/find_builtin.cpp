@@ -1,6 +1,6 @@
 #include <array>
 
-#include "platform/script/vbscript/builtins/name_index.h"
+#include "platform/functions/name_index.h"
 #include "platform/script/vbscript/builtins/themes.h"
 
 namespace ov::vbscript {

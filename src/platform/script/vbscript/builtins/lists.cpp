@@ -1,9 +1,9 @@
 #include <array>
 #include <limits>
 
+#include "platform/functions/pace.h"
+#include "platform/functions/text_finder.h"
 #include "platform/script/vbscript/builtins/accounted_list.h"
-#include "platform/script/vbscript/builtins/pace.h"
-#include "platform/script/vbscript/builtins/text_finder.h"
 #include "platform/script/vbscript/builtins/themes.h"
 
 namespace ov::vbscript {

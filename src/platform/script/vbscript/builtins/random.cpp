@@ -1,7 +1,7 @@
 #include <array>
 #include <bit>
 
-#include "platform/script/vbscript/builtins/arguments.h"
+#include "platform/functions/arguments.h"
 #include "platform/script/vbscript/builtins/themes.h"
 #include "platform/system/clock.h"
 

@@ -1,8 +1,8 @@
 #include <algorithm>
 #include <array>
 
-#include "platform/script/vbscript/builtins/arguments.h"
-#include "platform/script/vbscript/builtins/pace.h"
+#include "platform/functions/arguments.h"
+#include "platform/functions/pace.h"
 #include "platform/script/vbscript/builtins/themes.h"
 
 namespace ov::vbscript {

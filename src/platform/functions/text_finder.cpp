@@ -1,4 +1,4 @@
-#include "platform/script/vbscript/builtins/text_finder.h"
+#include "platform/functions/text_finder.h"
 
 #include <algorithm>
 

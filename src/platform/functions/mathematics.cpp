@@ -5,8 +5,8 @@
 #include "platform/automation/operators.h"
 #include "platform/automation/rounding.h"
 #include "platform/format/round_to_places.h"
-#include "platform/script/vbscript/builtins/arguments.h"
-#include "platform/script/vbscript/builtins/themes.h"
+#include "platform/functions/arguments.h"
+#include "platform/functions/themes.h"
 
 namespace ov::vbscript {
 

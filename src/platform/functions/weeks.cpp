@@ -1,10 +1,10 @@
-#include "platform/script/vbscript/builtins/weeks.h"
+#include "platform/functions/weeks.h"
 
 #include <array>
 #include <chrono>
 
+#include "platform/functions/arguments.h"
 #include "platform/locale/locale.h"
-#include "platform/script/vbscript/builtins/arguments.h"
 
 namespace ov::vbscript {
 

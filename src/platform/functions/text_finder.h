@@ -5,8 +5,8 @@
 #include <cstddef>
 #include <string_view>
 
-#include "platform/script/vbscript/builtins/arguments.h"
-#include "platform/script/vbscript/builtins/pace.h"
+#include "platform/functions/arguments.h"
+#include "platform/functions/pace.h"
 
 namespace ov::vbscript {
 

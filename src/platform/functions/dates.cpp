@@ -1,10 +1,10 @@
 #include <array>
 #include <cmath>
 
+#include "platform/functions/arguments.h"
+#include "platform/functions/themes.h"
+#include "platform/functions/weeks.h"
 #include "platform/locale/locale.h"
-#include "platform/script/vbscript/builtins/arguments.h"
-#include "platform/script/vbscript/builtins/themes.h"
-#include "platform/script/vbscript/builtins/weeks.h"
 #include "platform/system/clock.h"
 
 namespace ov::vbscript {

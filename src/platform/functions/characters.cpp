@@ -1,10 +1,10 @@
 #include <algorithm>
 #include <array>
 
+#include "platform/functions/arguments.h"
+#include "platform/functions/pace.h"
+#include "platform/functions/themes.h"
 #include "platform/locale/code_page.h"
-#include "platform/script/vbscript/builtins/arguments.h"
-#include "platform/script/vbscript/builtins/pace.h"
-#include "platform/script/vbscript/builtins/themes.h"
 
 namespace ov::vbscript {
 

@@ -1,8 +1,8 @@
 #include <array>
 
 #include "platform/automation/dispatch.h"
-#include "platform/script/vbscript/builtins/arguments.h"
-#include "platform/script/vbscript/builtins/themes.h"
+#include "platform/functions/arguments.h"
+#include "platform/functions/themes.h"
 
 namespace ov::vbscript {
 

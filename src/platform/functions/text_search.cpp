@@ -2,9 +2,9 @@
 #include <array>
 #include <limits>
 
+#include "platform/functions/text_finder.h"
+#include "platform/functions/themes.h"
 #include "platform/locale/locale.h"
-#include "platform/script/vbscript/builtins/text_finder.h"
-#include "platform/script/vbscript/builtins/themes.h"
 
 namespace ov::vbscript {
 

@@ -4,7 +4,7 @@
 
 #include <cstddef>
 
-#include "platform/script/vbscript/builtins.h"
+#include "platform/functions/builtin.h"
 
 namespace ov::vbscript {
 

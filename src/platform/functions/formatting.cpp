@@ -3,8 +3,8 @@
 #include "platform/format/format_date.h"
 #include "platform/format/format_number.h"
 #include "platform/format/format_unit.h"
-#include "platform/script/vbscript/builtins/arguments.h"
-#include "platform/script/vbscript/builtins/themes.h"
+#include "platform/functions/arguments.h"
+#include "platform/functions/themes.h"
 
 namespace ov::vbscript {
 

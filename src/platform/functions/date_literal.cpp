@@ -1,4 +1,4 @@
-#include "platform/script/vbscript/date_literal.h"
+#include "platform/functions/date_literal.h"
 
 #include <array>
 #include <cstddef>

@@ -6,9 +6,9 @@
 
 #include "platform/automation/date_text.h"
 #include "platform/automation/rounding.h"
-#include "platform/script/vbscript/builtins/arguments.h"
-#include "platform/script/vbscript/builtins/themes.h"
-#include "platform/script/vbscript/builtins/weeks.h"
+#include "platform/functions/arguments.h"
+#include "platform/functions/themes.h"
+#include "platform/functions/weeks.h"
 
 namespace ov::vbscript {
 

@@ -58,7 +58,7 @@ Ref<T> CreateObject(std::u16string_view className) {
     const ClassDescription* description = FindClass(className);
     void* factory = nullptr;
     if (!description || DllGetClassObject(description->clsid, IClassFactory::kIid, &factory) != kOvOk) {
-        Raise(ErrorNumber::CannotCreateObject);
+        RaiseAbout(ErrorNumber::CannotCreateObject, className);
     }
     const Ref<IClassFactory> maker = Ref<IClassFactory>::Adopt(static_cast<IClassFactory*>(factory));
     void* object = nullptr;

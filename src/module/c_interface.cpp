@@ -34,7 +34,7 @@ std::int32_t Remember(const RuntimeError& error) noexcept {
     const std::int32_t number =
         error.number() == 0 ? static_cast<std::int32_t>(ErrorNumber::InternalError) : error.number();
     try {
-        Last() = {number, error.source().ToUtf8(), error.description().ToUtf8()};
+        Last() = {number, error.source().ToUtf8(), error.what()};
     } catch (...) {
         Last().number = number;
     }
@@ -112,7 +112,7 @@ void Call(ov_object* object, const char* name, std::int32_t kind, ov_value* argu
         arguments[i].written = 0;
     }
     const DispId id = name ? target->GetIDsOfNames(Text::FromUtf8(name)) : kDispIdValue;
-    if (id == kDispIdUnknown) Raise(ErrorNumber::NoSuchMember);
+    if (id == kDispIdUnknown) RaiseAbout(ErrorNumber::NoSuchMember, Text::FromUtf8(name));
     ov::Arguments call{values};
     const Variant answer = target->Invoke(id, callKind, call);
     if (call.written != 0) WriteBack(call, arguments);
@@ -153,7 +153,7 @@ std::int32_t ov_create(const char* class_name, ov_object** object) {
         Needed(object);
         const ClassDescription* description = ClassOf(class_name);
         const Ref<IDispatch> made = description ? MakeObjectOfClass(*description) : nullptr;
-        if (!made) Raise(ErrorNumber::CannotCreateObject);
+        if (!made) RaiseAbout(ErrorNumber::CannotCreateObject, Text::FromUtf8(class_name));
         *object = MakeHandle(made.get());
     });
 }

@@ -15,8 +15,8 @@ void ListenToRuleFailures(RuleFailureListener listener) {
     Listener() = std::move(listener);
 }
 
-void TellRuleFailure(const Text& script, const Text& reason) {
-    if (Listener()) Listener()(script, reason);
+void TellRuleFailure(const RuleFailure& failure) {
+    if (Listener()) Listener()(failure);
 }
 
 }  // namespace ov

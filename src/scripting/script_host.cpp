@@ -58,7 +58,7 @@ void ScriptHost::ExecuteScript(const Text& statement) {
 }
 
 void ScriptHost::LogFailure(std::u16string_view call, const Text& script, const RuntimeError& error) {
-    TellRuleFailure(script, error.description());
+    TellRuleFailure({script, Text::FromUtf8(error.what()), error.subject()});
     if (DebugOutput()) LogEntry(Source(), Text(call) + script + u"): ERROR: ", error.description());
 }
 

@@ -42,7 +42,7 @@ void DependencyUpdate::TellUnsettled() {
     }
     const Text words = u"rules have not settled after " + Text::FromInteger(mPasses) +
                        u" passes; parameters that still change: " + changed;
-    TellRuleFailure(Text(), words);
+    TellRuleFailure({Text(), words, Text()});
     LogAlways(u"UpdateDependencies", u"ERROR: " + words);
 }
 

@@ -85,7 +85,7 @@ auto Group::GuardedRead(const char16_t* reader, const Text& text, const Variant&
     try {
         return read();
     } catch (const RuntimeError& error) {
-        TellRuleFailure(text, error.description());
+        TellRuleFailure({text, Text::FromUtf8(error.what()), error.subject()});
         LogEntry(Dispatch(),
                  Text(reader) + u"('" + text + u"')(ParamId " + TextForLog(id) + u") could not be processed!");
         return {};

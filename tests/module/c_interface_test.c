@@ -119,6 +119,12 @@ static void TestRefusals(ov_object* module) {
     ov_error error;
     ov_last_error(&error);
     CHECK(error.number == 424 && strcmp(error.description, "Object required") == 0 && *error.source == 0);
+    CHECK(ov_create("CBase_Nothing", &made) == 429);
+    ov_last_error(&error);
+    CHECK(strcmp(error.description, "ActiveX component can't create object: 'CBase_Nothing'") == 0);
+    CHECK(ov_call(module, "SetSourcPath", OV_CALL, NULL, 0, &value) == 438);
+    ov_last_error(&error);
+    CHECK(strcmp(error.description, "Object doesn't support this property or method: 'SetSourcPath'") == 0);
 }
 
 // Each value comes back from a parameter's tag as it went in.

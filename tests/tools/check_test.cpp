@@ -115,6 +115,9 @@ INSERT INTO Parameters (idx, GroupType, [order], ParameterId, kind, Type, subtyp
     (16940, 16, 1940, 1694, 8, 'INT',    'u8', '!:5', NULL, '3', NULL),
     (16950, 16, 1950, 1695, 8, 'INT',    'u8', NULL, NULL, '#:1 / 0', NULL),
     (16960, 16, 1960, 1696, 8, 'INT',    'u8', '9', '2', '5', NULL),
+    (16961, 16, 1961, 1698, 8, 'INT',    'u8', NULL, NULL, '#:Choose9(1, 2)', NULL),
+    (16962, 16, 1962, 1699, 8, 'INT',    'u8', NULL, '!:P.isInn("1602", 1)', '5', NULL),
+    (16963, 16, 1963, 1700, 8, 'INT',    'u8', NULL, NULL, '#:Quotient(1, 2)', NULL),
     (99990, 99, 1,    9999, 8, 'INT',    'u8', NULL, NULL, '5', NULL);
 WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 21)
 INSERT INTO Parameters (idx, GroupType, [order], ParameterId, kind, Type, subtype, dependency)
@@ -191,6 +194,9 @@ INSERT INTO Parameters (idx, GroupType, [order], ParameterId, kind, Type, subtyp
         {"Parameters [16940] DefaultValue: warning:", "is not consistent at the start: value '3', limits 5 .. 255"},
         {"Parameters [16950] DefaultValue: error:", "fails: Division by zero"},
         {"Parameters [16960] Min: error:", "above Max"},
+        {"Parameters [16961] DefaultValue: error:", "no function 'Choose9'; did you mean 'Choose8'?"},
+        {"Parameters [16962] Max: error:", "P has no member 'isInn'; did you mean 'isIn'?"},
+        {"Parameters [16963] DefaultValue: error:", "fails: Type mismatch: 'Quotient'"},
         {"Parameters [99990] GroupType: error:", "never met"},
         {"Parameters [16991] ParameterId: error:", "row 21 of parameter '1697' is dropped"},
     };

@@ -11,6 +11,7 @@ namespace ov {
 namespace {
 
 using ::testing::ContainsRegex;
+using ::testing::EndsWith;
 using ::testing::HasSubstr;
 using testing::Outcome;
 using testing::RunTool;
@@ -58,6 +59,60 @@ TEST_F(AutomationHost, EndsAsTheScriptSays) {
                 ContainsRegex("s\\.vbs\\([234], [23]\\): runtime error 18: Script execution timed out\n"));
     EXPECT_EQ(RunTool("run " + (mFolder / "none.vbs")).status, 1);
     EXPECT_EQ(RunTool("run").status, 2);
+}
+
+// The line of an error names what it is about; Err.Description does not.
+TEST_F(AutomationHost, NamesWhatAnErrorIsAbout) {
+    const std::vector<std::pair<std::string, std::string>> cases = {
+        {"Option Explicit\nx = 1", "500: Variable is undefined: 'x'"},
+        {"Option Explicit\nx = Len(1)", "500: Variable is undefined: 'x'"},
+        {"Option Explicit\nx = 1 + 2", "500: Variable is undefined: 'x'"},
+        {"Option Explicit\nDim a\na = 1 + y", "500: Variable is undefined: 'y'"},
+        {"Set m = CreateObject(\"OV_Model.CBase_Module\")\nm.SetSourcPath 1",
+         "438: Object doesn't support this property or method: 'SetSourcPath'"},
+        {"Class C: End Class\nSet o = New C: o.Missing = 1",
+         "438: Object doesn't support this property or method: 'Missing'"},
+        {"CreateObject \"X.Y\"", "429: ActiveX component can't create object: 'X.Y'"},
+        {"a = Choose9(1)", "13: Type mismatch: 'Choose9'"},
+        {"a = CInt(\"abc\")", "13: Type mismatch: 'CInt'"},
+        {"a = 1 * \"abc\"", "13: Type mismatch: '\"abc\"'"},
+        {"Sub S(n): n.Go: End Sub\nS 5", "424: Object required: 'n'"},
+        {"x.y.z", "424: Object required: 'x'"},
+        {"Const K = 1\nK = 2", "501: Illegal assignment: 'K'"},
+        {"a = Array(1): a(5) = 1", "9: Subscript out of range: 'a'"},
+        {"Sub S: End Sub\nS 1", "450: Wrong number of arguments or invalid property assignment: 'S'"},
+        {"Set a = New Nowhere", "506: Class not defined: 'Nowhere'"},
+        {"a = 1 / 0", "11: Division by zero"},
+        {"Err.Raise 13", "13: Type mismatch"},
+    };
+    for (const auto& [code, words] : cases) {
+        EXPECT_THAT(RunScript(code).text, EndsWith("runtime error " + words + "\n")) << code;
+    }
+    EXPECT_EQ(RunScript("On Error Resume Next\nx.y\nWScript.Echo Err.Description").text, "Object required\n");
+}
+
+TEST_F(AutomationHost, CompilesWithoutRunning) {
+    std::ofstream(mFolder / "good.vbs") << "WScript.Echo 1\nSub S(n): Me.x = n & \"a\": End Sub\n"
+                                           "Class C\nPublic F\nSub M(ByVal v): F = v: End Sub\nEnd Class";
+    std::ofstream(mFolder / "bad.vbs") << "\nx = = 1";
+    const std::string good = mFolder / "good.vbs", bad = mFolder / "bad.vbs";
+    const Outcome fine = RunTool("run --compile-only " + good + " " + good);
+    EXPECT_EQ(fine.text, "");
+    EXPECT_EQ(fine.status, 0);
+    const Outcome mixed = RunTool("run --compile-only " + bad + " " + good + " " + bad);
+    EXPECT_EQ(mixed.status, 1);
+    const std::string line = bad + "(2, 5): compile error 1023: Expected expression\n";
+    EXPECT_EQ(mixed.text, line + line);
+    EXPECT_EQ(RunTool("run --dump " + bad).text, line);
+    const Outcome dump = RunTool("run --dump " + good);
+    EXPECT_EQ(dump.status, 0);
+    for (const char* part :
+         {"Statements\n      1,1     0  LoadName", "CallMember             t1.., .Echo, (1)  ; discard", "\nSub S(n)\n",
+          "Concatenate            t2, n, \"a\"", "PutMember              t1.., .x",
+          "\nClass C\n  Public F\n  Sub M(ByVal v)\n", "Let                    Me.F, v"}) {
+        EXPECT_THAT(dump.text, HasSubstr(part));
+    }
+    EXPECT_EQ(RunTool("run --dump --compile-only " + good).status, 2);
 }
 
 TEST_F(AutomationHost, PassesArgumentsStreamsAndEncodings) {

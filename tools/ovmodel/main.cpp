@@ -27,6 +27,8 @@ void AddRunCommand(CLI::App& app, const std::vector<std::string>& arguments, int
     struct Options {
         std::string script;
         int timeout = 0;
+        bool compileOnly = false;
+        bool dump = false;
     };
     const auto options = std::make_shared<Options>();
     app.add_option("--timeout", options->timeout, "Most milliseconds that a script may run (default: no bound)")
@@ -34,8 +36,21 @@ void AddRunCommand(CLI::App& app, const std::vector<std::string>& arguments, int
         ->type_name("MS");
     CLI::App* command = app.add_subcommand("run", "Run a VBScript file that drives the library");
     command->add_option("SCRIPT", options->script, "Script file; what follows it is the script's own")->required();
-    command->callback(
-        [options, &arguments, &status] { status = ovmodel::RunScript(options->script, arguments, options->timeout); });
+    CLI::Option* compileOnly = command->add_flag("--compile-only", options->compileOnly,
+                                                 "Compile the script, and the files behind it, and run nothing");
+    command->add_flag("--dump", options->dump, "Show what the script is compiled to, and run nothing")
+        ->excludes(compileOnly);
+    command->callback([options, &arguments, &status] {
+        if (options->compileOnly) {
+            std::vector<std::string> paths{options->script};
+            paths.insert(paths.end(), arguments.begin(), arguments.end());
+            status = ovmodel::CompileScripts(paths);
+        } else if (options->dump) {
+            status = ovmodel::DumpScript(options->script);
+        } else {
+            status = ovmodel::RunScript(options->script, arguments, options->timeout);
+        }
+    });
 }
 
 // The line for arguments that do not fit.

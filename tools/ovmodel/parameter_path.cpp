@@ -93,7 +93,7 @@ std::string ShownValue(ov::IBase_GuiParameter& parameter) {
     try {
         return parameter.get_value().ToUtf8();
     } catch (const ov::RuntimeError& error) {
-        return "(" + error.description().ToUtf8() + ")";
+        return "(" + std::string(error.what()) + ")";
     }
 }
 

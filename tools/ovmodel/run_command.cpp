@@ -1,4 +1,4 @@
-// ovmodel [options] run SCRIPT.vbs [arguments]
+// ovmodel [options] run SCRIPT.vbs [arguments], run --compile-only FILE..., run --dump FILE
 #include "ovmodel/run_command.h"
 
 #include <filesystem>
@@ -11,6 +11,7 @@
 #include "ovmodel/host/script_host_objects.h"
 #include "platform/locale/code_page.h"
 #include "platform/script/script_control.h"
+#include "platform/script/script_listing.h"
 
 namespace ovmodel {
 
@@ -86,6 +87,29 @@ int RunScript(const std::string& path, const std::vector<std::string>& arguments
     control.Reset();
     std::cout.flush();
     return status;
+}
+
+int CompileScripts(const std::vector<std::string>& paths) {
+    int status = 0;
+    for (const std::string& path : paths) {
+        try {
+            ov::CheckScript(ReadScript(path));
+        } catch (const ov::RuntimeError& error) {
+            Report(path, error);
+            status = 1;
+        }
+    }
+    return status;
+}
+
+int DumpScript(const std::string& path) {
+    try {
+        std::cout << ov::ListingOf(ReadScript(path));
+    } catch (const ov::RuntimeError& error) {
+        Report(path, error);
+        return 1;
+    }
+    return 0;
 }
 
 CommandLine SplitCommandLine(int argc, char** argv) {

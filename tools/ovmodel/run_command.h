@@ -18,4 +18,11 @@ CommandLine SplitCommandLine(int argc, char** argv);
 /// @throws Failure for a file that cannot be read
 int RunScript(const std::string& path, const std::vector<std::string>& arguments, int timeout);
 
+/// Compiles script files and tells what does not compile. @returns the exit status: 0 if all do
+/// @throws Failure for a file that cannot be read
+int CompileScripts(const std::vector<std::string>& paths);
+
+/// Writes what a script file is compiled to. @returns the exit status @throws Failure for a file that cannot be read
+int DumpScript(const std::string& path);
+
 }  // namespace ovmodel

@@ -128,6 +128,8 @@ class DeviceTest(unittest.TestCase):
                 act()
             self.assertEqual(caught.exception.number, number)
             self.assertTrue(caught.exception.description)
+            if number == 429:
+                self.assertIn("'CBase_Nothing'", str(caught.exception))
             self.assertIn(str(number), str(caught.exception))
         self.assertTrue(issubclass(ov_model.RuntimeError, RuntimeError))
 

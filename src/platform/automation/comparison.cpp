@@ -79,6 +79,9 @@ Order CompareTextWith(const Variant& text, const Variant& other, LiteralSide lit
             return CompareNumbers(ToDouble(text), other);
         case LiteralSide::Text:
             return OrderOfTexts(text.AsText(), ToText(other));
+        case LiteralSide::Case:
+            if (const std::optional<double> number = ReadNumber(text.AsText())) return CompareNumbers(*number, other);
+            break;
         case LiteralSide::None:
             break;
     }
@@ -96,7 +99,7 @@ std::optional<std::weak_ordering> Compare(const Variant& a, const Variant& b, Li
     if (IsCounter(a) && IsCounter(b)) return CounterValue(a) <=> CounterValue(b);
     if (a.Type() == b.Type()) {
         if (a.Type() == VarType::Double) return OrderOf(a.AsDouble(), b.AsDouble());
-        if (a.IsString()) return OrderOfTexts(a.AsText(), b.AsText());
+        if (a.IsString()) return a.AsText() <=> b.AsText();
     }
     if (a.IsNull() || b.IsNull()) return std::nullopt;
     if (a.IsObject() || b.IsObject()) {

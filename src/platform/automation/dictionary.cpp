@@ -98,7 +98,7 @@ const Variant* Dictionary::Find(const Variant& key) {
 
 Dictionary::Entry& Dictionary::Existing(const Variant& key) {
     Entry* entry = FindEntry(key, Hash(key));
-    if (!entry) throw RuntimeError(kElementNotFound, Text(), ErrorText(kElementNotFound));
+    if (!entry) throw RuntimeError(kElementNotFound);
     return *entry;
 }
 

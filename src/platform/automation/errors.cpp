@@ -116,15 +116,33 @@ Text ErrorText(std::int32_t number) {
 }
 
 RuntimeError::RuntimeError(std::int32_t number, Text source, Text description)
-    : mNumber(number), mSource(std::move(source)), mDescription(std::move(description)), mWhat(mDescription.ToUtf8()) {}
+    : mNumber(number), mSource(std::move(source)), mDescription(std::move(description)) {}
 
-RuntimeError::RuntimeError(ErrorNumber number) : RuntimeError(number, ErrorText(static_cast<std::int32_t>(number))) {}
+RuntimeError::RuntimeError(std::int32_t number) : mNumber(number), mIsStandard(true), mDescription(ErrorText(number)) {}
 
 RuntimeError::RuntimeError(ErrorNumber number, Text description)
     : RuntimeError(static_cast<std::int32_t>(number), Text(), std::move(description)) {}
 
+const char* RuntimeError::what() const noexcept {
+    if (!mWhat.empty()) return mWhat.c_str();
+    const MemoryAccount::Exemption exemption;
+    try {
+        mWhat = mDescription.ToUtf8();
+        if (!mSubject.empty()) mWhat += ": '" + mSubject.ToUtf8() + "'";
+    } catch (const std::bad_alloc&) {
+        mWhat.clear();
+    }
+    return mWhat.c_str();
+}
+
 void Raise(ErrorNumber number) {
     throw RuntimeError(number);
+}
+
+void RaiseAbout(ErrorNumber number, Text subject) {
+    RuntimeError error(number);
+    error.SetSubject(std::move(subject));
+    throw error;
 }
 
 RuntimeError CurrentError() noexcept {

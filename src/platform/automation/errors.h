@@ -71,25 +71,38 @@ Text ErrorText(std::int32_t number);
 class RuntimeError : public std::exception {
 public:
     RuntimeError(std::int32_t number, Text source, Text description);
-    explicit RuntimeError(ErrorNumber number);
+    explicit RuntimeError(ErrorNumber number) : RuntimeError(static_cast<std::int32_t>(number)) {}
+    /// With the standard text.
+    explicit RuntimeError(std::int32_t number);
     RuntimeError(ErrorNumber number, Text description);
 
     std::int32_t number() const noexcept { return mNumber; }
     /// Name of the component that raised it; may be empty.
     const Text& source() const noexcept { return mSource; }
+    /// The standard text of the number, or words of the code that raised it.
     const Text& description() const noexcept { return mDescription; }
-    /// The description as UTF-8.
-    const char* what() const noexcept override { return mWhat.c_str(); }
+    /// The name that the error is about, such as that of a variable, for people who read of it; may be empty. Scripts
+    /// and logs get the description, which does not hold it.
+    const Text& subject() const noexcept { return mSubject; }
+    void SetSubject(Text subject) noexcept { mSubject = std::move(subject); }
+    /// True if the description is the standard text, so that a subject may stand behind it.
+    bool IsStandard() const noexcept { return mIsStandard; }
+    /// For people, in UTF-8: the description, and the subject behind it: "Variable is undefined: 'x'".
+    const char* what() const noexcept override;
 
 private:
     std::int32_t mNumber;
+    bool mIsStandard = false;
     Text mSource;
     Text mDescription;
-    std::string mWhat;
+    Text mSubject;
+    mutable std::string mWhat;  // made when it is asked for
 };
 
 /// @throws RuntimeError with the standard text.
 [[noreturn]] void Raise(ErrorNumber number);
+/// @throws RuntimeError with the standard text, about @p subject
+[[noreturn]] void RaiseAbout(ErrorNumber number, Text subject);
 
 /// The error in flight, to be called inside a handler: a RuntimeError as it is, an exhausted memory as error 7, any
 /// other exception as error 51 with its own words.

@@ -124,7 +124,7 @@ Variant IndexArray(const Variant& array, std::span<const Variant> indexes) {
 Variant CallByName(IDispatch* object, std::u16string_view name, CallKind kind, std::span<Variant> arguments) {
     if (!object) Raise(ErrorNumber::ObjectVariableNotSet);
     const DispId id = object->GetIDsOfNames(name);
-    if (id == kDispIdUnknown) Raise(ErrorNumber::NoSuchMember);
+    if (id == kDispIdUnknown) RaiseAbout(ErrorNumber::NoSuchMember, name);
     Arguments call{arguments};
     return object->Invoke(id, kind, call);
 }

@@ -68,10 +68,10 @@ constexpr Table kWholeQuotient = {
 };
 
 constexpr Table kBitwise = {
-    "IYBILLLLLLL",  // Empty
-    "YYIILLLLLLL",  // Byte
-    "BIBILLLLLLL",  // Boolean
-    "IIIILLLLLLL",  // Integer
+    "LLLLLLLLLLL",  // Empty
+    "LYIILLLLLLL",  // Byte
+    "LIBILLLLLLL",  // Boolean
+    "LIIILLLLLLL",  // Integer
     "LLLLLLLLLLL", "LLLLLLLLLLL", "LLLLLLLLLLL", "LLLLLLLLLLL", "LLLLLLLLLLL", "LLLLLLLLLLL", "LLLLLLLLLLL",
 };
 

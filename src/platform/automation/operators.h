@@ -47,6 +47,7 @@ enum class LiteralSide {
     None,    ///< variables on both sides: text is greater than any number
     Number,  ///< a numeric literal on one side: compared as numbers, RuntimeError 13 if the text is none
     Text,    ///< a String literal against a number: compared as texts
+    Case,    ///< as Number in a Case, where a text that is no number is greater than any
 };
 
 /// The order of two values, or nullopt if one of them is Null. Text by character code. Empty is 0 beside a number and

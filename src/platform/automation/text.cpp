@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <new>
+#include <vector>
 
 #include "platform/automation/errors.h"
 #include "platform/automation/memory_account.h"
@@ -67,7 +68,8 @@ Text::Rep* Text::Allocate(std::size_t length, std::size_t capacity) {
 }
 
 void Text::Free(Rep* rep) noexcept {
-    MemoryAccount::Return(sizeof(Rep) + rep->capacity * sizeof(char16_t));
+    const std::size_t capacity = rep->capacity == 0 ? rep->length + std::size_t{1} : rep->capacity;
+    MemoryAccount::Return(sizeof(Rep) + capacity * sizeof(char16_t));
     std::free(rep);
 }
 
@@ -82,6 +84,31 @@ Text Text::ForOverwrite(std::size_t length, char16_t*& characters) {
     if (length > 0) text.mRep = Allocate(length, length);
     characters = length > 0 ? text.mRep->Characters() : nullptr;
     return text;
+}
+
+Text Text::FromBytes(std::span<const std::uint8_t> bytes) {
+    char16_t* to = nullptr;
+    Text text = ForOverwrite((bytes.size() + 1) / 2, to);
+    for (std::size_t i = 0; i < bytes.size(); i += 2) {
+        const unsigned high = i + 1 < bytes.size() ? bytes[i + 1] : 0u;
+        *to++ = static_cast<char16_t>(bytes[i] | high << 8);
+    }
+    if (bytes.size() % 2 != 0) {
+        --text.mRep->length;
+        text.mRep->capacity = 0;
+    }
+    return text;
+}
+
+Text& Text::AppendBytes(const Text& other) {
+    std::vector<std::uint8_t> bytes;
+    bytes.reserve(ByteCount() + other.ByteCount());
+    for (const Text* part : {static_cast<const Text*>(this), &other}) {
+        for (std::size_t i = 0; i < part->ByteCount(); ++i) {
+            bytes.push_back(part->ByteAt(i));
+        }
+    }
+    return *this = FromBytes(bytes);
 }
 
 Text Text::FromUtf8(std::string_view bytes) {

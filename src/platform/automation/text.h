@@ -3,8 +3,10 @@
 #pragma once
 
 #include <compare>
+#include <concepts>
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -12,6 +14,9 @@
 namespace ov {
 
 /// A counted text of 16-bit characters; may hold any character, 0 included.
+///
+/// A text that came from bytes may have a last byte that is no whole character. It counts in ByteCount alone, joins
+/// with the bytes of what is appended, and is left out where characters are read.
 ///
 /// A Text is one pointer. Copies share the characters, which nobody changes while they are shared; a text that has
 /// one holder grows in place, so building a long text piece by piece is linear. Like every value of the system a text
@@ -52,6 +57,8 @@ public:
     static Text Repeat(std::size_t count, char16_t c);
     /// A text of @p length characters whose content the caller writes at once through @p characters.
     static Text ForOverwrite(std::size_t length, char16_t*& characters);
+    /// A text of bytes, the lower one of each character first.
+    static Text FromBytes(std::span<const std::uint8_t> bytes);
     /// The decimal text of an integer.
     static Text FromInteger(std::int64_t value);
 
@@ -70,26 +77,49 @@ public:
     Text& operator+=(std::u16string_view characters);
     Text& operator+=(char16_t c) { return *this += std::u16string_view(&c, 1); }
 
+    /// The same for a text with its bytes.
+    template <std::same_as<Text> T>
+    Text& operator+=(const T& other) {
+        if (IsOdd() || other.IsOdd()) [[unlikely]]
+            return AppendBytes(other);
+        return *this += other.view();
+    }
+
+    /// True for a text whose last byte is no whole character.
+    bool IsOdd() const noexcept { return mRep && mRep->capacity == 0; }
+
+    std::size_t ByteCount() const noexcept { return size() * 2 + (IsOdd() ? 1 : 0); }
+    /// @pre offset < ByteCount()
+    std::uint8_t ByteAt(std::size_t offset) const noexcept {
+        const unsigned character = mRep->Characters()[offset / 2];
+        return static_cast<std::uint8_t>(offset % 2 == 0 ? character & 0xFF : character >> 8);
+    }
+
     void Swap(Text& other) noexcept { std::swap(mRep, other.mRep); }
 
     /// Equal character by character, case included.
-    friend bool operator==(const Text& a, const Text& b) noexcept { return a.mRep == b.mRep || a.view() == b.view(); }
+    friend bool operator==(const Text& a, const Text& b) noexcept {
+        return a.mRep == b.mRep || (a.view() == b.view() && a.LastByte() == b.LastByte());
+    }
     friend bool operator==(const Text& a, std::u16string_view b) noexcept { return a.view() == b; }
     friend bool operator==(const Text& a, const char16_t* b) noexcept { return a.view() == b; }
     friend std::strong_ordering operator<=>(const Text& a, const Text& b) noexcept {
-        return a.view().compare(b.view()) <=> 0;
+        const std::strong_ordering order = a.view().compare(b.view()) <=> 0;
+        return order != 0 ? order : a.LastByte() <=> b.LastByte();
     }
 
 private:
     struct Rep {
         std::uint32_t references;
         std::uint32_t length;
-        std::uint32_t capacity;
+        std::uint32_t capacity;  // 0 for a text with an odd count of bytes, so that it never grows in place
         char16_t* Characters() noexcept { return reinterpret_cast<char16_t*>(this + 1); }
     };
 
     static Rep* Allocate(std::size_t length, std::size_t capacity);
     static void Free(Rep* rep) noexcept;
+    int LastByte() const noexcept { return IsOdd() ? mRep->Characters()[mRep->length] : -1; }
+    Text& AppendBytes(const Text& other);
 
     Rep* mRep = nullptr;
 };
@@ -102,7 +132,11 @@ inline Text operator+(const Text& a, std::u16string_view b) {
     return Concatenate(a, b);
 }
 inline Text operator+(const Text& a, const Text& b) {
-    return Concatenate(a, b);
+    if (!a.IsOdd() && !b.IsOdd()) [[likely]]
+        return Concatenate(a, b);
+    Text joined = a;
+    joined += b;
+    return joined;
 }
 inline Text operator+(const Text& a, const char16_t* b) {
     return Concatenate(a, b);
@@ -115,7 +149,8 @@ inline Text operator+(Text&& a, std::u16string_view b) {
     return std::move(a);
 }
 inline Text operator+(Text&& a, const Text& b) {
-    return std::move(a) + b.view();
+    a += b;
+    return std::move(a);
 }
 inline Text operator+(Text&& a, const char16_t* b) {
     return std::move(a) + std::u16string_view(b);

@@ -12,7 +12,7 @@ namespace {
 
 /// A part of @p text; the text itself, shared, if it is the whole.
 Text Part(const Text& text, std::size_t offset, std::size_t count) {
-    if (offset == 0 && count >= text.size()) return text;
+    if (offset == 0 && count >= text.size() && !text.IsOdd()) return text;
     return offset < text.size() ? Text(text.view().substr(offset, count)) : Text();
 }
 

@@ -77,7 +77,7 @@ std::string CheckedPath(const Text& path) {
             Raise(ErrorNumber::PermissionDenied);
         case EEXIST: {
             constexpr std::int32_t kFileAlreadyExists = 58;
-            throw RuntimeError(kFileAlreadyExists, Text(), ErrorText(kFileAlreadyExists));
+            throw RuntimeError(kFileAlreadyExists);
         }
         default:
             Raise(ErrorNumber::PathFileAccessError);

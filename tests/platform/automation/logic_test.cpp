@@ -33,12 +33,12 @@ TEST(LogicTest, TruthTables) {
 TEST(LogicTest, WorksBitByBit) {
     ExpectResults(And,
                   "I6, I3 -> Integer 2; I6, B1 -> Integer 6; Y6, Y3 -> Byte 2; Y6, B1 -> Integer 6; "
-                  "D6.5, I3 -> Long 2; $7, I3 -> Long 3; E, Y1 -> Byte 0");
-    ExpectResults(Or, "I6, I3 -> Integer 7; E, B1 -> True; I6, L65536 -> Long 65542");
+                  "D6.5, I3 -> Long 2; $7, I3 -> Long 3; E, Y1 -> Long 0");
+    ExpectResults(Or, "I6, I3 -> Integer 7; E, B1 -> Long -1; I6, L65536 -> Long 65542");
     ExpectResults(Xor, "I6, I3 -> Integer 5; C6, M3 -> Long 5");
     ExpectResults(Eqv, "I6, I3 -> Integer -6; Y6, Y3 -> Byte 250");
     ExpectResults(Imp, "I6, I3 -> Integer -5");
-    ExpectEach("E -> Integer -1; Y1 -> Byte 254; I6 -> Integer -7; D2.5 -> Long -3; $1 -> Long -2; $x -> error 13",
+    ExpectEach("E -> Long -1; Y1 -> Byte 254; I6 -> Integer -7; D2.5 -> Long -3; $1 -> Long -2; $x -> error 13",
                [](const Text& form) { return Outcome([&] { return Not(Value(form.ToUtf8())); }); });
 }
 

@@ -84,6 +84,7 @@ TEST_F(ScriptLimits, TimeEndsWorkOnBigValues) {
     ExpectTimeout(u"s = String(5000000, \"a\"): Do: t = StrReverse(s): Loop");
     ExpectTimeout(u"t = s & \"b\": Do: x = StrComp(s, t, 1): Loop");
     ExpectTimeout(u"Do: x = Filter(a, \"x\"): Loop");
+    ExpectTimeout(u"s = \"x=1:\": For i = 1 To 22: s = s & s: Next: Execute s");
 }
 
 TEST_F(ScriptLimits, TimeCountsThroughNestedCalls) {
@@ -178,7 +179,7 @@ TEST_F(ScriptLimits, DepthOfTextsIsAnError) {
     EXPECT_EQ(Run(u"a" + nested(u"(1)", u"", u"") + u" = 1"), 1001);
     EXPECT_EQ(Run(nested(u"If x Then ", u"y = 1", u"")), 1001);
     EXPECT_EQ(Run(nested(u"Do\n", u"y = 1\n", u"Loop\n")), 1001);
-    EXPECT_EQ(Run(Text::Repeat(1'100'000, u' ')), 1001);
+    EXPECT_EQ(Run(Text::Repeat((16u << 20) + 1, u' ')), 1001);
     const auto listOf = [&](std::size_t count) {
         std::u16string text = u"x = Array(0";
         for (std::size_t i = 1; i < count; ++i) {
@@ -187,7 +188,20 @@ TEST_F(ScriptLimits, DepthOfTextsIsAnError) {
         return Text(text + u")");
     };
     EXPECT_EQ(Run(listOf(16'385)), 1001);
-    // Length alone is none.
+    std::u16string fields = u"Class Wide: Public a0";
+    for (int i = 1; i < 65'535; ++i) {
+        fields += u",a" + std::u16string(Text::FromInteger(i).view());
+    }
+    EXPECT_EQ(Run(Text(fields + u": End Class")), 1001);
+    // Length alone is none, but what a text is compiled by has to fit.
+    EXPECT_EQ(Run(u"long = \"" + Text::Repeat(2'000'000, u'a') + u"\": x = Len(long)"), 0);
+    EXPECT_EQ(ToLong(mControl.Eval(u"x")), 2'000'000);
+    std::u16string words;
+    words.reserve(16u << 20);
+    while (words.size() + 4 < (16u << 20)) {
+        words += u"x=1\n";
+    }
+    EXPECT_EQ(Run(Text(words)), 7);
     EXPECT_EQ(Run(listOf(16'384)), 0);
     EXPECT_EQ(ToLong(mControl.Eval(u"UBound(x)")), 16'383);
     EXPECT_EQ(Run(u"x = 1" + nested(u"+1", u"", u"")), 0);

@@ -116,6 +116,50 @@ TEST_F(ScriptControlTest, TellsWhereAnErrorWas) {
     }
 }
 
+// What people read has the name; what scripts and the log have is the standard text.
+TEST_F(ScriptControlTest, NamesWhatAnErrorIsAbout) {
+    struct Case {
+        const char16_t* code;
+        const char* message;
+    };
+    mControl.AddCode(
+        u"Function One(a): One = Err.Description: End Function\n"
+        u"Sub Uses(list): x = list(9): End Sub\n"
+        u"Class Box: Private inner: Public Sub Go: inner(1) = 2: End Sub: End Class");
+    for (const Case& c : {
+             Case{u"Option Explicit\nx = 1", "Variable is undefined: 'x'"},
+             Case{u"Option Explicit\nDim a: a = 1 + width", "Variable is undefined: 'width'"},
+             Case{u"Option Explicit\nProbe.Run height", "Variable is undefined: 'height'"},
+             Case{u"Option Explicit\nIf 1 < depth Then Echo 1", "Variable is undefined: 'depth'"},
+             Case{u"Probe.Runn 1", "Object doesn't support this property or method: 'Runn'"},
+             Case{u"Probe.Nam = 1", "Object doesn't support this property or method: 'Nam'"},
+             Case{u"Set b = New Box: b.inner = 1", "Object doesn't support this property or method: 'inner'"},
+             Case{u"z = One(1, 2)", "Wrong number of arguments or invalid property assignment: 'One'"},
+             Case{u"z = Choose9(1, 2)", "Type mismatch: 'Choose9'"},
+             Case{u"z = CLng(\"a\")", "Type mismatch: 'CLng'"},
+             Case{u"Set b = New Box: b.Go", "Type mismatch: 'inner'"},
+             Case{u"Uses Array(1)", "Subscript out of range: 'list'"},
+             Case{u"z = New Bax", "Class not defined: 'Bax'"},
+             Case{u"q.Go", "Object required: 'q'"},
+             Case{u"Set z = CreateObject(\"A.B\")", "ActiveX component can't create object: 'A.B'"},
+             Case{u"Execute \"Probe.Runn 1\"", "Object doesn't support this property or method: 'Runn'"},
+             // No name that would mislead.
+             Case{u"Err.Raise 438", "Object doesn't support this property or method"},
+             Case{u"Probe.Fail 438, \"\", \"mine\"", "mine"},
+             Case{u"z = 1 + \"a\"", "Type mismatch"},
+         }) {
+        try {
+            mControl.ExecuteStatement(c.code);
+            ADD_FAILURE() << Text(c.code).ToUtf8();
+        } catch (const RuntimeError& error) {
+            EXPECT_STREQ(error.what(), c.message) << Text(c.code).ToUtf8();
+            EXPECT_TRUE(std::string_view(c.message).starts_with(error.description().ToUtf8()));
+        }
+    }
+    mControl.ExecuteStatement(u"On Error Resume Next: Probe.Runn 1: said = Err.Description");
+    EXPECT_EQ(mControl.Eval(u"said").AsText(), u"Object doesn't support this property or method");
+}
+
 TEST_F(ScriptControlTest, HasConstantsAndReadOnlyNames) {
     mControl.AddConstant(u"kLimit", Variant(std::int32_t{7}));
     EXPECT_EQ(mControl.Eval(u"KLIMIT + 1").AsLong(), 8);

@@ -52,7 +52,7 @@ public:
         for (const Row& row : descriptor.Rows(u"Parameters")) {
             if (const auto idx = row.LongOf(u"idx")) mRows.emplace(*idx, &row);
         }
-        ov::ListenToRuleFailures([this](const Text& script, const Text& reason) { NoteFailure(script, reason); });
+        ov::ListenToRuleFailures([this](const ov::RuleFailure& failure) { NoteFailure(failure); });
     }
     Life(const Life&) = delete;
     Life& operator=(const Life&) = delete;
@@ -62,7 +62,7 @@ public:
         try {
             LoadAndRead();
         } catch (const ov::RuntimeError& error) {
-            NoteAt(mTypeRow, u"moduletype", "reading all of the type fails: " + error.description().ToUtf8());
+            NoteAt(mTypeRow, u"moduletype", "reading all of the type fails: " + std::string(error.what()));
         }
     }
 
@@ -119,7 +119,7 @@ private:
                         visit(*parameter->Gui());
                     } catch (const ov::RuntimeError& error) {
                         NoteAt(RowOf(*parameter->Gui()), u"ParameterId",
-                               "cannot be read: " + error.description().ToUtf8());
+                               "cannot be read: " + std::string(error.what()));
                     }
                 }
             }
@@ -151,11 +151,12 @@ private:
     }
 
     // A failure names the text alone: its row is one that has this text, best of the group that is being opened.
-    void NoteFailure(const Text& script, const Text& reason) {
-        if (script.empty()) return NoteAt(mTypeRow, u"moduletype", reason.ToUtf8());
+    void NoteFailure(const ov::RuleFailure& failure) {
+        const Text& script = failure.script;
+        if (script.empty()) return NoteAt(mTypeRow, u"moduletype", failure.reason.ToUtf8());
         if (!mFailures.emplace(script, mGroupType).second) return;
         const Text bare = Bare(script);
-        const std::string words = "the rule " + Quoted(script) + " fails: " + reason.ToUtf8();
+        const std::string words = "the rule " + Quoted(script) + " fails: " + failure.reason.ToUtf8();
         const Row* found = nullptr;
         std::u16string_view foundColumn;
         static constexpr std::array<std::u16string_view, 6> kTables = {u"Parameters", u"GroupScripts", u"Actions",

@@ -170,7 +170,7 @@ private:
             }
             return count;
         } catch (const ov::RuntimeError& error) {
-            Error(u"subtype", "the query fails: " + error.description().ToUtf8());
+            Error(u"subtype", "the query fails: " + std::string(error.what()));
             return std::nullopt;
         }
     }

@@ -5,6 +5,7 @@
 
 #include "ovmodel/command.h"
 #include "platform/automation/conversions.h"
+#include "platform/script/vbscript/builtins.h"
 
 namespace ovmodel {
 
@@ -28,10 +29,6 @@ bool IsOneOf(const Text& member, std::span<const std::u16string_view> names) {
     return std::ranges::any_of(names, [&](std::u16string_view name) { return ov::EqualNoCase(member, name); });
 }
 
-std::string Member(const ScriptStep& step) {
-    return "'" + step.member.ToUtf8() + "'";
-}
-
 std::string Listed(const std::set<std::u16string>& types) {
     std::string list;
     for (const std::u16string& type : types) {
@@ -46,11 +43,36 @@ std::string WithClosest(const std::string& words, const Text& id, const std::vec
     return closest.empty() ? words : words + "; did you mean '" + closest + "'?";
 }
 
+std::string NoMember(const std::string& object, const ScriptStep& step, std::span<const std::u16string_view> names) {
+    std::vector<std::string> known;
+    for (const std::u16string_view name : names) {
+        known.push_back(Text(name).ToUtf8());
+    }
+    return WithClosest(object + " has no member '" + step.member.ToUtf8() + "'", step.member, known);
+}
+
 constexpr std::array<std::u16string_view, 9> kParameterMembers = {u"value", u"val", u"SetValue", u"sVal",  u"hVal",
                                                                   u"Gui",   u"sel", u"isIn",     u"script"};
 constexpr std::array<std::u16string_view, 9> kEnvironmentMembers = {
     u"Variable", u"SetVariable", u"sel", u"isIn", u"Out", u"IsValidIP", u"b", u"s", u"n"};
 constexpr std::array<std::u16string_view, 3> kRowMembers = {u"value", u"isIn", u"sel"};
+constexpr std::array<std::u16string_view, 2> kGroupMembers = {u"parameters", u"groups"};
+constexpr std::array<std::u16string_view, 5> kHelpers = {u"Max", u"Min", u"Iif", u"Choose8", u"Choose16"};
+
+// A call of what is nearly one of the helpers and no function of the language; "" for any other call.
+std::string MisspelledHelper(const ov::ScriptChain& chain) {
+    constexpr std::size_t kShortest = 4;  // a shorter name is near to everything
+    const bool isCall = chain.steps[0].isCall && chain.steps[0].member.empty();
+    const bool isKnown = IsOneOf(chain.name, kHelpers) || ov::vbscript::FindBuiltin(chain.name);
+    if (!isCall || isKnown || chain.name.size() < kShortest) return "";
+    std::vector<std::string> known;
+    for (const std::u16string_view name : kHelpers) {
+        known.push_back(Text(name).ToUtf8());
+    }
+    const std::string name = chain.name.ToUtf8();
+    const std::string closest = ClosestName(name, known);
+    return closest.empty() ? "" : "there is no function '" + name + "'; did you mean '" + closest + "'?";
+}
 
 }  // namespace
 
@@ -147,19 +169,21 @@ std::string Structure::FaultOf(const ov::ScriptChain& chain, const Scope& scope)
     if (is(u"CONFM")) return FaultOfRow(steps[0], "CONFM", u"ModuleTypes", scope);
     if (is(u"CONFCH")) return FaultOfRow(steps[0], "CONFCH", u"Channels", scope);
     if (is(u"CONFG")) return FaultOfRow(steps[0], "CONFG", u"Groups", scope);
-    if (is(u"ENV") && !IsOneOf(steps[0].member, kEnvironmentMembers)) return "ENV has no member " + Member(steps[0]);
+    if (is(u"ENV") && !IsOneOf(steps[0].member, kEnvironmentMembers)) {
+        return NoMember("ENV", steps[0], kEnvironmentMembers);
+    }
     if (is(u"GETTEXT")) {
         const std::optional<Text> id = LiteralId(steps[0]);
         const auto number = id ? ov::ReadNumber(*id) : std::nullopt;
         const bool isKnown = !number || mDescriptor.TextOf(static_cast<std::int32_t>(*number));
         return isKnown ? "" : "there is no text " + id->ToUtf8();
     }
-    return "";
+    return MisspelledHelper(chain);
 }
 
 std::string Structure::FaultOfChannels(std::span<const ScriptStep> steps, const Scope& scope) const {
     if (!steps[0].member.empty() && !ov::EqualNoCase(steps[0].member, u"groups")) {
-        return "CH has no member " + Member(steps[0]);
+        return NoMember("CH", steps[0], std::span(kGroupMembers).last(1));
     }
     const std::optional<Text> id = LiteralId(steps[0]);
     std::set<std::u16string> types;
@@ -178,7 +202,7 @@ std::string Structure::FaultOfChannels(std::span<const ScriptStep> steps, const 
 std::string Structure::FaultOfGroups(std::span<const ScriptStep> steps, const std::set<std::u16string>& channelTypes,
                                      const std::string& path) const {
     if (!steps[0].member.empty() && !ov::EqualNoCase(steps[0].member, u"parameters")) {
-        return "G has no member " + Member(steps[0]);
+        return NoMember("G", steps[0], std::span(kGroupMembers).first(1));
     }
     const std::optional<Text> id = LiteralId(steps[0]);
     std::set<std::u16string> types;
@@ -202,7 +226,9 @@ std::string Structure::FaultOfGroups(std::span<const ScriptStep> steps, const st
 std::string Structure::FaultOfParameters(std::span<const ScriptStep> steps, const std::set<std::u16string>& groupTypes,
                                          const std::string& path) const {
     const ScriptStep& step = steps[0];
-    if (!step.member.empty() && !IsOneOf(step.member, kParameterMembers)) return "P has no member " + Member(step);
+    if (!step.member.empty() && !IsOneOf(step.member, kParameterMembers)) {
+        return NoMember("P", step, kParameterMembers);
+    }
     const std::optional<Text> id = LiteralId(step);
     if (!id) return "";
     if (ov::EqualNoCase(step.member, u"script")) return FaultOfScript(*id, groupTypes);
@@ -235,7 +261,7 @@ std::string Structure::FaultOfRow(const ScriptStep& step, const std::string& obj
     const bool isChild = (object == "CONFCH" && ov::EqualNoCase(step.member, u"gvalue")) ||
                          (object == "CONFG" && ov::EqualNoCase(step.member, u"pvalue"));
     if (!isChild && !step.member.empty() && !IsOneOf(step.member, kRowMembers)) {
-        return object + " has no member " + Member(step);
+        return NoMember(object, step, kRowMembers);
     }
     if (isChild) {
         table = object == "CONFCH" ? u"Groups" : u"Parameters";

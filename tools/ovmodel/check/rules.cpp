@@ -195,8 +195,7 @@ private:
                 mInspection.Add(Severity::Error, row, column, script.PlaceOf(chain.line, chain.column) + fault);
             }
         } catch (const ov::ScriptError& error) {
-            mInspection.Add(Severity::Error, row, column,
-                            script.PlaceOf(error.line(), error.column()) + error.description().ToUtf8());
+            mInspection.Add(Severity::Error, row, column, script.PlaceOf(error.line(), error.column()) + error.what());
         }
     }
 

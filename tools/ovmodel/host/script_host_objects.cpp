@@ -68,7 +68,7 @@ Ref<ov::IDispatch> CreateScriptObject(const Text& progId) {
         const ov::ClassDescription* description = ov::FindClass(name.substr(kLibrary.size()));
         if (Ref<ov::IDispatch> made = description ? ov::MakeObjectOfClass(*description) : nullptr) return made;
     }
-    Raise(ErrorNumber::CannotCreateObject);
+    RaiseAbout(ErrorNumber::CannotCreateObject, progId);
 }
 
 Ref<ov::IDispatch> GlobalFunctions::Facet(ov::IDispatch* object, const Text& name) {

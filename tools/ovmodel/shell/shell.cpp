@@ -43,8 +43,8 @@ void ExpectNothing(const std::string& arguments) {
 class ScriptRun {
 public:
     ScriptRun() {
-        ov::ListenToRuleFailures([this](const Text& script, const Text& reason) {
-            if (mReason.empty()) mReason = reason.ToUtf8() + " in \"" + script.ToUtf8() + "\"";
+        ov::ListenToRuleFailures([this](const ov::RuleFailure& failure) {
+            if (mReason.empty()) mReason = failure.reason.ToUtf8() + " in \"" + failure.script.ToUtf8() + "\"";
         });
     }
     ScriptRun(const ScriptRun&) = delete;

@@ -10,6 +10,8 @@
 #include <utility>
 #include <vector>
 
+#include "platform/automation/memory_account.h"
+
 namespace ov::vbscript {
 
 /// Hands out memory for objects that need no destructor. The first block, if it is none of more than the common size,
@@ -36,6 +38,8 @@ public:
         if (mBlocks.size() > 1) mBlocks.resize(1);
         if (!mBlocks.empty() && mBlocks.front().size > kBlockSize) mBlocks.clear();
         mUsed = 0;
+        mMemory.Resize(0);
+        mSize = 0;
     }
 
 private:
@@ -49,6 +53,8 @@ private:
         mUsed = (mUsed + alignment - 1) & ~(alignment - 1);
         if (mBlocks.empty() || mUsed + bytes > mBlocks.back().size) {
             const std::size_t size = bytes > kBlockSize ? bytes : kBlockSize;
+            mMemory.Resize(mSize + size);
+            mSize += size;
             mBlocks.push_back({std::unique_ptr<std::byte[]>(new std::byte[size]), size});
             mUsed = 0;
         }
@@ -59,6 +65,8 @@ private:
 
     std::vector<Block> mBlocks;
     std::size_t mUsed = 0;  // in the last block
+    std::size_t mSize = 0;  // of the blocks that came with this tree
+    MemoryAccount::Share mMemory;
 };
 
 }  // namespace ov::vbscript

@@ -39,6 +39,9 @@ struct Name {
     const Builtin* builtin = nullptr;
     const Variant* constant = nullptr;
 
+    /// @p hash is HashNoCase of the name.
+    static Name Of(std::u16string_view name, std::uint32_t hash);
+
     /// What the name stood for when a text was linked last, and the number of the namespace where it did.
     struct Link {
         std::uint64_t space = 0;
@@ -61,8 +64,9 @@ struct MemberSite {
 struct Mark {
     std::uint32_t pc = 0;
     Position position;
-    std::uint16_t live = 0;  ///< frame slots that are in use; all others are free
-    bool resumes = true;     ///< On Error Resume Next may go on here; else it only tells the position
+    std::uint16_t live = 0;       ///< frame slots that are in use; all others are free
+    bool resumes = true;          ///< On Error Resume Next may go on here; else it only tells the position
+    std::uint32_t otherwise = 0;  ///< where it goes on after an error here; 0: at the next mark where it may
 };
 
 /// The instructions of one procedure, or of the statements outside procedures.
@@ -101,8 +105,12 @@ struct Code {
     bool MayWrite(std::size_t parameter) const noexcept {
         return (written >> (parameter < kWrittenBits ? parameter : kWrittenBits - 1)) & 1;
     }
+    /// The name of the variable in a slot; "" for a temporary value.
+    Text NameOfLocal(std::uint16_t slot) const;
     /// The mark at or before @p pc, or nullptr.
     const Mark* MarkAt(std::uint32_t pc) const noexcept;
+    /// Where On Error Resume Next goes on after an error in the statement of @p mark.
+    std::uint32_t ResumeAfter(const Mark& mark) const noexcept;
 };
 
 /// A variable with the bounds of its declaration.

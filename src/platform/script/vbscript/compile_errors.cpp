@@ -87,4 +87,8 @@ void Fail(CompileError error, Position position) {
     throw ScriptError(base, true, static_cast<std::int32_t>(position.line), static_cast<std::int32_t>(position.column));
 }
 
+void FailRedefined(Position a, Position b) {
+    Fail(CompileError::NameRedefined, std::max(a, b));
+}
+
 }  // namespace ov::vbscript

@@ -2,6 +2,7 @@
 /// Errors of the language's grammar.
 #pragma once
 
+#include <compare>
 #include <cstdint>
 
 #include "platform/automation/text.h"
@@ -72,9 +73,12 @@ Text CompileErrorText(CompileError error);
 struct Position {
     std::uint32_t line = 1;
     std::uint32_t column = 1;
+    friend auto operator<=>(const Position&, const Position&) noexcept = default;
 };
 
 /// @throws ScriptError
 [[noreturn]] void Fail(CompileError error, Position position);
+/// Fails at the later one of two declarations of a name. @throws ScriptError 1041
+[[noreturn]] void FailRedefined(Position a, Position b);
 
 }  // namespace ov::vbscript

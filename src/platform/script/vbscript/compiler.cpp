@@ -3,9 +3,10 @@
 #include <algorithm>
 #include <limits>
 
-#include "platform/automation/operators.h"
 #include "platform/script/vbscript/lexer.h"
+#include "platform/script/vbscript/limits.h"
 #include "platform/script/vbscript/parser.h"
+#include "platform/script/vbscript/run_guard.h"
 
 namespace ov::vbscript {
 
@@ -32,10 +33,10 @@ void AddOnce(NameMap<std::u16string_view, bool>& map, const Identifier& name) {
 
 /// Enters the names that are declared outside procedures. @throws ScriptError 1041 for one that is there twice
 void DeclareUnitNames(const Program& program, UnitScope& scope) {
-    NameMap<std::u16string_view, bool> declared;
+    NameMap<std::u16string_view, Position> declared;
     const auto declare = [&](const Identifier& name, Position position) {
-        if (declared.Find(name.text, name.hash)) Fail(CompileError::NameRedefined, position);
-        declared.Add(name.text, name.hash, true);
+        if (const Position* known = declared.Find(name.text, name.hash)) FailRedefined(*known, position);
+        declared.Add(name.text, name.hash, position);
     };
     for (const Constant& constant : program.main.constants) {
         declare(constant.name, constant.position);
@@ -122,7 +123,7 @@ std::unique_ptr<ClassCode> CompileClass(const Class& parsed, const UnitScope& sc
     code->number = NextClassNumber();
     code->name = Text(parsed.name.text);
     code->hash = parsed.name.hash;
-    if (parsed.fields.size() > Operand::kMaxIndex) Fail(CompileError::OutOfMemory, parsed.position);
+    if (parsed.fields.size() >= ClassCode::Member::kNoField) Fail(CompileError::OutOfMemory, parsed.position);
     DeclareMembers(parsed, *code);
     for (const Procedure* procedure : parsed.procedures) {
         code->procedures.push_back(ProcedureCompiler(scope, code.get(), *procedure).CompileBody());
@@ -166,6 +167,7 @@ Ref<Unit> CompileText(std::u16string_view source, bool isExpression) {
             arena.Clear();
         }
     } const cleaner;
+    const MemoryAccount::Limit bound(kMaxCompileMemory);
     lexer.Run(source);
     Parser parser(arena, lexer.Tokens(), lexer.Literals());
     const Program program = isExpression ? parser.ParseExpressionText() : parser.ParseProgram();
@@ -243,6 +245,7 @@ void ProcedureCompiler::Finish() {
 
 std::size_t ProcedureCompiler::Emit(Opcode op, std::uint32_t a, std::uint32_t b, std::uint32_t c, std::uint8_t flags,
                                     std::uint16_t n) {
+    RunGuard::Step();
     mCode->instructions.push_back({op, flags, n, a, b, c});
     return mCode->instructions.size() - 1;
 }

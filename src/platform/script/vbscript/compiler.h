@@ -5,6 +5,7 @@
 #include <optional>
 #include <vector>
 
+#include "platform/automation/operators.h"
 #include "platform/automation/text.h"
 #include "platform/automation/unknown.h"
 #include "platform/script/vbscript/ast.h"
@@ -49,6 +50,7 @@ private:
         Kind kind = Kind::Variable;
         std::uint16_t slot = 0;
         const Constant* constant = nullptr;
+        Position position;  ///< of its declaration
     };
     /// What a name means at its place.
     struct Meaning {
@@ -126,8 +128,9 @@ private:
     Operand UnaryValue(const Expression& expression, std::optional<Operand> wanted);
     Operand NameValue(const Expression& expression);
     void ToTemp(const Expression& expression, std::uint16_t slot);
-    std::uint8_t LiteralFlags(const Expression& a, const Expression& b) const;
+    std::uint8_t LiteralFlags(const Expression& a, const Expression& b, LiteralSide number) const;
     const Variant* AsLiteral(const Expression& expression) const;
+    bool IsSignedNumber(const Expression& expression) const;
     void JumpUnless(const Expression& condition, Jumps& jumps);
     void ReleaseTo(std::uint16_t top) noexcept { mTop = top; }
 
@@ -157,6 +160,7 @@ private:
                       bool isSet);
     Place PreparePlace(const Expression& expression);
     Operand FindPlace(const Place& place);
+    void ToNewTemp(const Expression& expression, bool mayBeObject);
     std::optional<Operand> VariableOf(const Expression& expression);
 
     // Statements.

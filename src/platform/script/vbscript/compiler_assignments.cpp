@@ -51,7 +51,7 @@ void ProcedureCompiler::AssignName(const Expression& target, const Expression& v
             const std::size_t base = mTop;
             Value(value);
             mTop = base;
-            Emit(Opcode::RaiseNumber, kIllegalAssignment);
+            Emit(Opcode::RaiseNumber, kIllegalAssignment, NameIndex(target.name) + 1);
             return;
         }
     }
@@ -87,10 +87,11 @@ void ProcedureCompiler::AssignIndexed(const Expression& target, const Expression
     // Everything is evaluated before a place in an array is looked for, since that may move meanwhile.
     const Place place = PreparePlace(*target.left);
     const auto window = static_cast<std::uint16_t>(mTop);
+    const bool isVariable = place.indexes.empty();
     for (const Expression* index : indexes) {
-        ToTemp(*index, NewTemp());
+        ToNewTemp(*index, isVariable);
     }
-    ToTemp(value, NewTemp());
+    ToNewTemp(value, isVariable || isSet);
     const Operand at = FindPlace(place);
     Emit(Opcode::PutIndexed, at.bits, window, static_cast<std::uint32_t>(indexes.size()), flags);
     if (IsTemp(at)) Emit(Opcode::Clear, at.Index(), 1);
@@ -126,10 +127,20 @@ ProcedureCompiler::Place ProcedureCompiler::PreparePlace(const Expression& expre
         if (arguments.size() > kMaxIndexes) Fail(CompileError::OutOfMemory, expression.position);
         place.indexes.push_back({static_cast<std::uint16_t>(mTop), static_cast<std::uint8_t>(arguments.size())});
         for (const Expression* index : arguments) {
-            ToTemp(*index, NewTemp());
+            ToNewTemp(*index, bracket == brackets.rbegin());
         }
     }
     return place;
+}
+
+// Evaluates into a new slot. An object stays one if it may: behind a step to an element it is its default value, since
+// no script may run before the element is used.
+void ProcedureCompiler::ToNewTemp(const Expression& expression, bool mayBeObject) {
+    const std::uint16_t slot = NewTemp();
+    ToTemp(expression, slot);
+    const bool isPlain = expression.kind == ExpressionKind::Literal || expression.kind == ExpressionKind::Binary ||
+                         expression.kind == ExpressionKind::Unary;
+    if (!mayBeObject && !isPlain) Emit(Opcode::Let, Slot(slot), Slot(slot));
 }
 
 // Finds the place; it is to be used at once.

@@ -7,6 +7,8 @@ namespace ov::vbscript {
 
 namespace {
 
+constexpr std::uint16_t kUnqualifiedReference = 505;
+
 std::uint16_t Count(std::span<Expression* const> arguments) {
     return static_cast<std::uint16_t>(arguments.size());
 }
@@ -207,7 +209,10 @@ void ProcedureCompiler::PutBack(const Elements& elements) {
 // Evaluates the object before a member; gives the flags of the member's instruction.
 std::uint8_t ProcedureCompiler::ObjectToTemp(const Expression& member, std::uint16_t slot) {
     if (member.kind == ExpressionKind::WithMember) {
-        if (mWith.empty()) Fail(CompileError::Syntax, member.position);
+        if (mWith.empty()) {
+            Emit(Opcode::RaiseNumber, kUnqualifiedReference, NameIndex(member.name) + 1);
+            return kWith;
+        }
         Emit(Opcode::Move, Slot(slot), Slot(mWith.back()));
         return kWith;
     }

@@ -1,6 +1,5 @@
 #include <algorithm>
 
-#include "platform/automation/operators.h"
 #include "platform/script/vbscript/compiler.h"
 
 namespace ov::vbscript {
@@ -128,9 +127,6 @@ void ProcedureCompiler::ToTemp(const Expression& expression, std::uint16_t slot)
             break;
         }
         case ExpressionKind::Me:
-            // A text that is compiled at run time may run inside a method.
-            if (!mOwner && mProcedure.kind != ProcedureKind::Main)
-                Fail(CompileError::InvalidUseOfMe, expression.position);
             Emit(Opcode::LoadMe, slot);
             return;
         case ExpressionKind::New:
@@ -191,7 +187,8 @@ Operand ProcedureCompiler::BinaryStep(const Expression& link, Operand left, std:
     left = Protect(left, *link.right);
     const Operand right = Value(*link.right);
     const Opcode op = BinaryOpcode(link.op);
-    std::uint8_t flags = IsComparison(op) ? LiteralFlags(*link.left, *link.right) : std::uint8_t{0};
+    std::uint8_t flags =
+        IsComparison(op) ? LiteralFlags(*link.left, *link.right, LiteralSide::Number) : std::uint8_t{0};
     if (IsTemp(left)) flags |= kFreeB;
     if (IsTemp(right)) flags |= kFreeC;
     mTop = base;
@@ -232,39 +229,43 @@ Operand ProcedureCompiler::ConcatenateRun(Operand first, std::span<const Express
 }
 
 Operand ProcedureCompiler::UnaryValue(const Expression& expression, std::optional<Operand> wanted) {
-    if (expression.op != TokenKind::Not && AsLiteral(expression)) {
+    if (expression.op != TokenKind::Not && IsSignedNumber(expression)) {
         return ConstantOperand(LiteralValue(expression, mUnit.literals));
     }
     const std::size_t base = mTop;
     const Operand operand = Value(*expression.left);
     mTop = base;
     const Operand to = wanted ? *wanted : Slot(NewTemp());
-    const Opcode op = expression.op == TokenKind::Not     ? Opcode::Not
-                      : expression.op == TokenKind::Minus ? Opcode::Negate
-                                                          : Opcode::Identity;
-    Emit(op, to, operand, {}, IsTemp(operand) ? kFreeB : std::uint8_t{0});
+    Emit(expression.op == TokenKind::Not ? Opcode::Not : Opcode::Negate, to, operand, {},
+         IsTemp(operand) ? kFreeB : std::uint8_t{0});
     return to;
 }
 
-// The literal that an expression is, less the signs before a number, or nullptr.
+// The literal that an expression is, or nullptr.
 const Variant* ProcedureCompiler::AsLiteral(const Expression& expression) const {
-    const Expression* inner = &Unbracketed(expression);
-    while (inner->kind == ExpressionKind::Unary && inner->op != TokenKind::Not) {
-        inner = &Unbracketed(*inner->left);
-    }
-    if (inner->kind != ExpressionKind::Literal || inner->op != TokenKind::Literal) return nullptr;
-    const Variant& literal = mUnit.literals[inner->literal];
-    if (inner != &Unbracketed(expression) && literal.IsString()) return nullptr;
-    return &literal;
+    const Expression& inner = Unbracketed(expression);
+    const bool isLiteral = inner.kind == ExpressionKind::Literal && inner.op == TokenKind::Literal;
+    return isLiteral ? &mUnit.literals[inner.literal] : nullptr;
 }
 
-std::uint8_t ProcedureCompiler::LiteralFlags(const Expression& a, const Expression& b) const {
+// True for a literal number with signs before it. For a comparison with a text it is no literal.
+bool ProcedureCompiler::IsSignedNumber(const Expression& expression) const {
+    const Expression* inner = &expression;
+    while (inner->kind == ExpressionKind::Bracketed ||
+           (inner->kind == ExpressionKind::Unary && inner->op == TokenKind::Minus)) {
+        inner = inner->left;
+    }
+    const Variant* const literal = AsLiteral(*inner);
+    return literal && !literal->IsString();
+}
+
+std::uint8_t ProcedureCompiler::LiteralFlags(const Expression& a, const Expression& b, LiteralSide number) const {
     const Variant* const left = AsLiteral(a);
     const Variant* const right = AsLiteral(b);
     const auto isNumber = [](const Variant* literal) { return literal && !literal->IsString(); };
     LiteralSide side = LiteralSide::None;
     if (isNumber(left) || isNumber(right)) {
-        side = LiteralSide::Number;
+        side = number;
     } else if (left || right) {
         side = LiteralSide::Text;
     }
@@ -284,7 +285,7 @@ void ProcedureCompiler::JumpUnless(const Expression& condition, Jumps& jumps) {
     }
     const Operand left = Protect(Value(*inner.left), *inner.right);
     const Operand right = Value(*inner.right);
-    std::uint8_t flags = LiteralFlags(*inner.left, *inner.right);
+    std::uint8_t flags = LiteralFlags(*inner.left, *inner.right, LiteralSide::Number);
     if (IsTemp(left)) flags |= kFreeB;
     if (IsTemp(right)) flags |= kFreeC;
     mTop = base;

@@ -1,41 +1,11 @@
-#include <array>
-
 #include "platform/script/vbscript/compiler.h"
 
 namespace ov::vbscript {
 
-namespace {
-
-struct IntrinsicName {
-    std::u16string_view name;
-    Intrinsic intrinsic;
-};
-
-constexpr std::array kIntrinsics = {
-    IntrinsicName{u"Err", Intrinsic::Err},
-    IntrinsicName{u"Eval", Intrinsic::Eval},
-    IntrinsicName{u"Execute", Intrinsic::Execute},
-    IntrinsicName{u"ExecuteGlobal", Intrinsic::ExecuteGlobal},
-    IntrinsicName{u"GetRef", Intrinsic::GetRef},
-    IntrinsicName{u"CreateObject", Intrinsic::CreateObject},
-    IntrinsicName{u"GetObject", Intrinsic::GetObject},
-    IntrinsicName{u"MsgBox", Intrinsic::MsgBox},
-    IntrinsicName{u"InputBox", Intrinsic::InputBox},
-};
-
-Intrinsic FindIntrinsic(std::u16string_view name) noexcept {
-    for (const IntrinsicName& entry : kIntrinsics) {
-        if (EqualNoCase(entry.name, name)) return entry.intrinsic;
-    }
-    return Intrinsic::None;
-}
-
-}  // namespace
-
 void ProcedureCompiler::DeclareLocal(const Identifier& name, Local::Kind kind, Position position) {
-    if (mLocals.Find(name.text, name.hash)) Fail(CompileError::NameRedefined, position);
+    if (const Local* known = mLocals.Find(name.text, name.hash)) FailRedefined(known->position, position);
     NewTemps(1);
-    mLocals.Add(name.text, name.hash, {kind, static_cast<std::uint16_t>(mTop - 1), nullptr});
+    mLocals.Add(name.text, name.hash, {kind, static_cast<std::uint16_t>(mTop - 1), nullptr, position});
 }
 
 void ProcedureCompiler::DeclareNames() {
@@ -51,8 +21,10 @@ void ProcedureCompiler::DeclareNames() {
         DeclareLocal(mProcedure.name, Local::Kind::Variable, mProcedure.position);
     }
     for (const Constant& constant : mProcedure.constants) {
-        if (mLocals.Find(constant.name.text, constant.name.hash)) Fail(CompileError::NameRedefined, constant.position);
-        mLocals.Add(constant.name.text, constant.name.hash, {Local::Kind::Constant, 0, &constant});
+        if (const Local* known = mLocals.Find(constant.name.text, constant.name.hash)) {
+            FailRedefined(known->position, constant.position);
+        }
+        mLocals.Add(constant.name.text, constant.name.hash, {Local::Kind::Constant, 0, &constant, constant.position});
     }
     for (const Variable& variable : mProcedure.variables) {
         DeclareLocal(variable.name, Local::Kind::Variable, variable.position);
@@ -136,8 +108,7 @@ bool ProcedureCompiler::IsOwnResult(const Identifier& name) const noexcept {
 std::uint32_t ProcedureCompiler::NameIndex(const Identifier& name) {
     if (const std::uint32_t* known = mNames.Find(name.text, name.hash)) return *known;
     const auto index = static_cast<std::uint32_t>(mCode->names.size());
-    mCode->names.push_back(
-        {Text(name.text), name.hash, FindIntrinsic(name.text), FindBuiltin(name.text), FindConstant(name.text)});
+    mCode->names.push_back(Name::Of(name.text, name.hash));
     return mNames.Add(name.text, name.hash, index);
 }
 

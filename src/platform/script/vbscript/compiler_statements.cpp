@@ -69,21 +69,23 @@ void ProcedureCompiler::If(const Statement& statement) {
 
 void ProcedureCompiler::Select(const Statement& statement) {
     const std::size_t base = mTop;
+    const std::size_t mark = mCode->marks.size() - 1;
     Operand subject = Value(*statement.value);
     if (!IsTemp(subject) && subject.Kind() != OperandKind::Constant) {
         const Operand copy = Slot(NewTemp());
         Emit(Opcode::Move, copy, subject);
         subject = copy;
     }
+    const bool hasCode = Here() > mCode->marks[mark].pc;
     Jumps ends;
     for (const Clause& clause : statement.clauses) {
         Jumps bodies, next;
-        // An error in the subject or in an item enters the body behind it, as one in the condition of If does.
+        // An error in an item enters the body behind it, as one in the condition of If does.
         for (Expression* const& item : clause.items) {
             PutPosition(item->position);
             const std::size_t top = mTop;
             const Operand value = Value(*item);
-            std::uint8_t flags = LiteralFlags(*statement.value, *item);
+            std::uint8_t flags = LiteralFlags(*statement.value, *item, LiteralSide::Case);
             if (IsTemp(value)) flags |= kFreeC;
             mTop = top;
             const bool isLast = &item == &clause.items.back();
@@ -99,6 +101,7 @@ void ProcedureCompiler::Select(const Statement& statement) {
         LandHere(next);
     }
     LandHere(ends);
+    if (hasCode) mCode->marks[mark].otherwise = Here();  // an error in the subject runs no Case
     PutMark(statement.end);
     if (IsTemp(subject)) Emit(Opcode::Clear, subject.Index(), 1);
     mTop = base;

@@ -10,6 +10,7 @@ namespace ov::vbscript {
 namespace {
 
 constexpr std::u16string_view kSource = u"Microsoft VBScript runtime error";
+constexpr std::int32_t kMaxNumber = 0xFFFF;
 
 }  // namespace
 
@@ -34,18 +35,14 @@ const InterfaceInfo& IErr::Members() {
 
 void ErrObject::Raise(std::int32_t number, const std::optional<Text>& source, const std::optional<Text>& description,
                       const std::optional<Text>& helpFile, const std::optional<std::int32_t>& helpContext) {
-    if (number == 0) ov::Raise(ErrorNumber::InvalidProcedureCall);
-    // What is left out is what the object holds for the same error, or for one that is only being prepared.
-    const bool keep = mNumber == number || mNumber == 0;
-    const RuntimeError error(number,
-                             source ? *source
-                             : keep ? mSource
-                                    : Text(),
-                             description                     ? *description
-                             : keep && !mDescription.empty() ? mDescription
-                                                             : ErrorText(number));
-    mHelpFile = helpFile ? *helpFile : keep ? mHelpFile : Text();
-    mHelpContext = helpContext ? *helpContext : keep ? mHelpContext : 0;
+    if (number == 0 || number > kMaxNumber) ov::Raise(ErrorNumber::InvalidProcedureCall);
+    // What is left out is what the object holds and nobody has cleared.
+    const RuntimeError error(number, source ? *source : mSource,
+                             description            ? *description
+                             : mDescription.empty() ? ErrorText(number)
+                                                    : mDescription);
+    if (helpFile) mHelpFile = *helpFile;
+    if (helpContext) mHelpContext = *helpContext;
     mHelpIsRaised = true;
     throw error;
 }

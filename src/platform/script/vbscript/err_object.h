@@ -27,7 +27,7 @@ public:
     virtual void let_HelpFile(const Text& file) = 0;
     virtual std::int32_t get_HelpContext() = 0;
     virtual void let_HelpContext(std::int32_t context) = 0;
-    /// @throws RuntimeError @p number; 5 for the number 0
+    /// What is left out is what the object holds. @throws RuntimeError @p number; 5 for 0 and for more than 65535
     virtual void Raise(std::int32_t number, const std::optional<Text>& source, const std::optional<Text>& description,
                        const std::optional<Text>& helpFile, const std::optional<std::int32_t>& helpContext) = 0;
     virtual void Clear() = 0;

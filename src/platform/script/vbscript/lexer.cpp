@@ -1,5 +1,6 @@
 #include "platform/script/vbscript/lexer.h"
 
+#include <algorithm>
 #include <limits>
 #include <optional>
 #include <string>
@@ -7,6 +8,7 @@
 #include "platform/automation/number_digits.h"
 #include "platform/functions/date_literal.h"
 #include "platform/script/vbscript/limits.h"
+#include "platform/script/vbscript/run_guard.h"
 
 namespace ov::vbscript {
 
@@ -20,8 +22,7 @@ bool IsDigit(char16_t c) noexcept {
 
 bool IsLetter(char16_t c) noexcept {
     const char16_t lower = c | 0x20;
-    // Letters beyond ASCII are taken as they are: names in the author's own language.
-    return (lower >= u'a' && lower <= u'z') || (c >= 0xC0 && c != 0xD7 && c != 0xF7);
+    return lower >= u'a' && lower <= u'z';
 }
 
 bool IsNamePart(char16_t c) noexcept {
@@ -48,6 +49,18 @@ void Lexer::Clear() noexcept {
     if (mTokens.capacity() > kMaxKeptTokens) mTokens = {};
     mTokens.clear();
     mLiterals.clear();
+    mMemory.Resize(0);
+}
+
+Token& Lexer::NewToken() {
+    RunGuard::Step();
+    if (mTokens.size() == mTokens.capacity()) {
+        const std::size_t capacity = std::max<std::size_t>(64, mTokens.capacity() * 2);
+        mMemory.Resize((mTokens.capacity() + capacity) * sizeof(Token));  // both while they are moved
+        mTokens.reserve(capacity);
+        mMemory.Resize(capacity * sizeof(Token));
+    }
+    return mTokens.emplace_back();
 }
 
 void Lexer::Run(std::u16string_view source) {
@@ -63,7 +76,7 @@ void Lexer::Run(std::u16string_view source) {
 }
 
 void Lexer::Add(TokenKind kind, std::size_t length) {
-    Token& token = mTokens.emplace_back();
+    Token& token = NewToken();
     token.kind = kind;
     token.blankBefore = mBlankBefore;
     token.position = Here();
@@ -72,7 +85,7 @@ void Lexer::Add(TokenKind kind, std::size_t length) {
 
 void Lexer::AddName(TokenKind kind, std::u16string_view text, std::uint32_t hash, Position position) {
     if (text.size() > kMaxNameLength) Fail(CompileError::IdentifierTooLong, position);
-    Token& token = mTokens.emplace_back();
+    Token& token = NewToken();
     token.kind = kind;
     token.blankBefore = mBlankBefore;
     token.hash = hash;
@@ -81,7 +94,7 @@ void Lexer::AddName(TokenKind kind, std::u16string_view text, std::uint32_t hash
 }
 
 void Lexer::AddLiteral(Variant value, Position position) {
-    Token& token = mTokens.emplace_back();
+    Token& token = NewToken();
     token.kind = TokenKind::Literal;
     token.blankBefore = mBlankBefore;
     token.literal = static_cast<std::uint32_t>(mLiterals.size());
@@ -188,7 +201,7 @@ void Lexer::ReadNumber() {
             digits.AppendFraction(Peek());
         }
     }
-    if ((Peek() | 0x20) == u'e') {
+    if ((Peek() | 0x20) == u'e' && !IsAtReservedWord()) {
         if (const std::optional<int> exponent = ReadExponent(mSource, ++mAt)) {
             digits.MultiplyByPower(*exponent);
             isWhole = false;
@@ -197,7 +210,7 @@ void Lexer::ReadNumber() {
         }
     }
     const std::optional<double> number = digits.ToDouble();
-    if (!number || IsLetter(Peek())) Fail(CompileError::InvalidNumber, position);
+    if (!number || (IsLetter(Peek()) && !IsAtReservedWord())) Fail(CompileError::InvalidNumber, position);
     if (isWhole && *number <= std::numeric_limits<std::int16_t>::max()) {
         return AddLiteral(static_cast<std::int16_t>(*number), position);
     }
@@ -205,6 +218,16 @@ void Lexer::ReadNumber() {
         return AddLiteral(static_cast<std::int32_t>(*number), position);
     }
     AddLiteral(*number, position);
+}
+
+// True for a word that may stand right behind a number: 0Then, 1Step
+bool Lexer::IsAtReservedWord() const noexcept {
+    std::size_t length = 0;
+    while (IsNamePart(Peek(length))) {
+        ++length;
+    }
+    const std::u16string_view word = mSource.substr(mAt, length);
+    return WordKind(word, HashNoCase(word)) != TokenKind::Identifier || EqualNoCase(word, u"step");
 }
 
 // At "&H" or "&O": a bit pattern of 16 bits, or of 32 where it needs them or "&" stands behind it.

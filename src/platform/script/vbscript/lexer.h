@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/automation/memory_account.h"
 #include "platform/automation/variant.h"
 #include "platform/script/vbscript/token.h"
 
@@ -36,10 +37,12 @@ private:
     void ReadWord();
     void ReadBracketedName();
     void ReadNumber();
+    bool IsAtReservedWord() const noexcept;
     void ReadPattern(int base);
     void ReadText();
     void ReadDate();
     void ReadOperator();
+    Token& NewToken();
     void Add(TokenKind kind, std::size_t length);
     void AddName(TokenKind kind, std::u16string_view text, std::uint32_t hash, Position position);
     void AddLiteral(Variant value, Position position);
@@ -51,6 +54,7 @@ private:
     bool mBlankBefore = false;
     std::vector<Token> mTokens;
     std::vector<Variant> mLiterals;
+    MemoryAccount::Share mMemory;  // of the tokens
 };
 
 }  // namespace ov::vbscript

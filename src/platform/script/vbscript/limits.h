@@ -8,10 +8,10 @@
 namespace ov::vbscript {
 
 // Source texts.
-inline constexpr std::size_t kMaxSourceLength =
-    1024 * 1024;                                    ///< characters; compiling takes some 100 times as many bytes
-inline constexpr std::size_t kMaxNameLength = 255;  ///< characters
-inline constexpr int kMaxNesting = 200;             ///< brackets, member chains and blocks inside each other
+inline constexpr std::size_t kMaxSourceLength = std::size_t{16} * 1024 * 1024;    ///< characters
+inline constexpr std::size_t kMaxCompileMemory = std::size_t{256} * 1024 * 1024;  ///< bytes of a text's words and tree
+inline constexpr std::size_t kMaxNameLength = 255;                                ///< characters
+inline constexpr int kMaxNesting = 200;  ///< brackets, member chains and blocks inside each other
 inline constexpr std::size_t kMaxParameters = 255;
 inline constexpr std::size_t kMaxArguments = 16384;  ///< of one call, such as Array(...)
 inline constexpr std::size_t kMaxIndexes = 255;      ///< of one assignment

@@ -440,9 +440,7 @@ void Machine::Step(const Instruction& i) {
         case Opcode::Set:
             return Set(i);
         case Opcode::LoadMe:
-            if (!mTop->me) Fail(CompileError::InvalidUseOfMe, PositionOf(*mTop));
-            mTop->slots[i.a].Take(Variant(static_cast<IDispatch*>(mTop->me)));
-            return;
+            return LoadMe(i);
         case Opcode::Clear:
             return ClearSlots(mTop->slots + i.a, i.b);
         case Opcode::Equal:
@@ -474,10 +472,8 @@ void Machine::Step(const Instruction& i) {
             mTop->resumeNext = (i.flags & kResume) != 0;
             mTop->space->Err().Clear();
             return;
-        case Opcode::RaiseNumber: {
-            const auto number = static_cast<std::int32_t>(i.a);
-            throw RuntimeError(number, Text(), ErrorText(number));
-        }
+        case Opcode::RaiseNumber:
+            throw RuntimeError(static_cast<std::int32_t>(i.a));
         default:
             return Operate(i);
     }

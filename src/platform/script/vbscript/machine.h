@@ -15,6 +15,12 @@
 
 namespace ov::vbscript {
 
+/// What texts of Execute added to a procedure that runs.
+struct AddedNames {
+    Globals globals;
+    std::unique_ptr<Slot[]> links;  ///< the frame's links, once one of the names stands for an added one
+};
+
 /// One procedure that runs.
 struct Frame {
     const Code* code;
@@ -23,13 +29,13 @@ struct Frame {
     Slot* links;   ///< one for each of the code's names
     Slot* result;  ///< gets the result
     Namespace* space;
-    Instance* me = nullptr;         ///< held
-    BoundCode* bound = nullptr;     ///< held
-    Unit* unit = nullptr;           ///< held, of a text that was compiled at run time
-    Frame* scope;                   ///< the procedure whose variables are seen; itself for a procedure
-    Globals* localNames = nullptr;  ///< owned: names that texts of Execute added to a procedure
-    bool discard;                   ///< the result is not wanted
-    bool isEntry = false;           ///< the machine was called for it
+    Instance* me = nullptr;       ///< held
+    BoundCode* bound = nullptr;   ///< held
+    Unit* unit = nullptr;         ///< held, of a text that was compiled at run time
+    Frame* scope;                 ///< the procedure whose variables are seen; itself for a procedure
+    AddedNames* added = nullptr;  ///< owned
+    bool discard;                 ///< the result is not wanted
+    bool isEntry = false;         ///< the machine was called for it
     bool resumeNext = false;
 };
 
@@ -47,6 +53,8 @@ public:
     Variant CallProcedure(BoundCode& procedure, Instance* me, Arguments& arguments);
     /// Uses a member of a script's object, for a caller outside scripts.
     Variant InvokeInstance(Instance& instance, const ClassCode::Member& member, CallKind kind, Arguments& arguments);
+    /// Uses a global name as a member of an object.
+    Variant InvokeGlobal(Global& global, CallKind kind, Arguments& arguments);
     /// Runs Class_Terminate, whose errors are nobody's.
     void Terminate(Instance& instance) noexcept;
 
@@ -77,7 +85,9 @@ private:
     // Operands of the current frame.
     Slot& At(std::uint32_t operand) const noexcept;
     const Variant& Read(Slot& slot);
-    const Variant& ReadName(Global& global, Slot* link);
+    const Variant& ReadName(Slot& link);
+    Global& GlobalOf(const Slot& link) const noexcept;
+    static void Relink(Slot& link, Global& global) noexcept;
     void Write(Slot& slot, Variant&& value);
     Variant& VariableOf(Slot& slot);
     static void Store(Variant& variable, Variant&& value) noexcept;
@@ -98,14 +108,15 @@ private:
     void PassRef(const Instruction& instruction);
     void PassName(const Instruction& instruction);
     void LoadName(const Instruction& instruction);
+    void LoadMe(const Instruction& instruction);
     void New(const Instruction& instruction);
     void ClearSlots(Slot* first, std::size_t count) noexcept;
     void NoteNewVariable(Global& global);
     bool IsWritten(Global& global);
     void PassUndefined(Global& global, Slot& to);
-    Global* AddedName(const Name& name) const noexcept;
     static void LinkGlobally(Namespace& space, const Name& name, Slot& link);
     static Globals& LocalNames(Frame& scope);
+    void Shadow(Frame& scope, const Unit& unit);
     static void LinkLocally(Frame& scope, const Name& name, Slot& link);
 
     // Calls. They leave the frame that is to go on as the current one.
@@ -122,6 +133,7 @@ private:
     void CallIntrinsic(Intrinsic intrinsic, Slot* window, std::size_t count, std::uint8_t flags);
     void RunText(Intrinsic intrinsic, const Text& source, Slot* result, bool discard);
     Variant CallNatively(Global& global);
+    static Variant InvokeVariable(Variant& variable, CallKind kind, Arguments& arguments);
     template <class Function>
     Variant CallWithValues(Slot* arguments, std::size_t count, Function function);
     Variant InvokeObject(IDispatch* object, DispId id, CallKind kind, Slot* arguments, std::size_t count);
@@ -130,7 +142,12 @@ private:
     void Finish(Slot* result, Variant&& value, std::uint8_t flags) noexcept;
 
     // Elements and members.
-    void Settle(Slot& slot);
+    enum class Taker : std::uint8_t { Value, Property };
+    static Taker TakerOf(const Variant& target) noexcept;
+    static void PrepareValue(Variant& value, bool isSet, Taker taker);
+    Variant* PlaceOf(Slot& slot);
+    bool IsArray(Slot& slot);
+    Array& ArrayAt(Slot& slot);
     void GetElement(const Instruction& instruction);
     void RefElement(const Instruction& instruction);
     void PutElement(const Instruction& instruction);
@@ -138,7 +155,6 @@ private:
     void PutMember(const Instruction& instruction);
     void PutBack(const Instruction& instruction);
     void PutInto(Slot& place, Slot* window, std::size_t count, bool isSet);
-    void PutArrayElement(Array& array, Slot* window, std::size_t count);
     void PutInstance(Instance& instance, const ClassCode::Member& member, Slot* window, std::size_t count, bool isSet);
     void ReDim(const Instruction& instruction);
     void Erase(const Instruction& instruction);
@@ -152,7 +168,13 @@ private:
 
     // Errors.
     void Recover(const Frame* entry);
-    bool Resume(const Frame* entry, const RuntimeError& error);
+    Frame* HandlerUpTo(const Frame* entry) const noexcept;
+    void Resume(Frame& handler, const RuntimeError& error);
+    Text SubjectOf(const RuntimeError& error) const noexcept;
+    Text SubjectOfOperator(const RuntimeError& error, const Instruction& instruction) const;
+    Text NameOf(Operand operand) const;
+    bool IsUndefined(Operand operand) const noexcept;
+    Text NameBehind(std::uint32_t slot) const;
     void Unwind(const Frame* entry) noexcept;
     Position PositionOf(const Frame& frame) const noexcept;
     // Counts the work on this many bytes as steps.

@@ -79,11 +79,9 @@ void Machine::CallName(const Instruction& i) {
         if (CallsItself(*link.link.variable, i)) return CallScope(window, i);
         return CallObject(*link.link.variable, window, i.c, window, i.flags);
     }
-    Global& global = *link.link.global;
+    Global& global = GlobalOf(link);
     if (global.kind == Global::Kind::Object) return CallPublished(global, window, i.c, i.flags);
-    if (global.kind == Global::Kind::Undefined && !IsWritten(global)) {
-        if (Global* added = AddedName(mTop->code->names[i.b])) return CallGlobal(*added, i.a, i.c, i.flags);
-    }
+    if (global.kind == Global::Kind::Undefined) IsWritten(global);
     CallGlobal(global, i.a, i.c, i.flags);
 }
 
@@ -143,7 +141,7 @@ void Machine::CallGlobal(Global& global, std::uint32_t slot, std::size_t count, 
         case Global::Kind::Undefined:
             // A name that is nothing and is called.
             if (mTop->code->optionExplicit && (flags & kBare) && !(flags & kDiscard)) {
-                throw RuntimeError(500, Text(), ErrorText(500));
+                throw RuntimeError(500);
             }
             Raise(ErrorNumber::TypeMismatch);
         case Global::Kind::Class:
@@ -253,14 +251,13 @@ void Machine::PutMember(const Instruction& i) {
     if (target.IsNothing()) {
         Raise(i.flags & kWith ? ErrorNumber::ObjectVariableNotSet : ErrorNumber::ObjectRequired);
     }
-    if (isSet && !value.value.IsObject()) Raise(ErrorNumber::ObjectRequired);
-    if (!isSet && value.value.IsObject()) value.Take(DefaultValue(value.value));
     IDispatch* const object = target.AsObject();
     if (Instance* instance = Instance::From(object)) {
         const ClassCode::Member& member =
             FindMember(*instance, site, isSet ? CallKind::Set : CallKind::Let, (i.flags & kOwn) != 0);
         return PutInstance(*instance, member, window + 1, i.c, isSet);
     }
+    PrepareValue(value.value, isSet, Taker::Value);
     InvokeObject(object, FindMember(object, site), isSet ? CallKind::Set : CallKind::Let, window + 1, i.c + 1u);
 }
 
@@ -270,10 +267,12 @@ void Machine::PutInstance(Instance& instance, const ClassCode::Member& member, S
     if (member.field != ClassCode::Member::kNoField) {
         Slot& field = instance.Fields()[member.field];
         if (count > 0) return PutInto(field, window, count, isSet);
+        PrepareValue(window[0].value, isSet, Taker::Value);
         return Store(field.value, std::move(window[0].value));
     }
     const std::int32_t procedure = isSet ? member.set : member.let;
     if (procedure < 0) Raise(ErrorNumber::NoSuchMember);
+    PrepareValue(window[count].value, isSet, Taker::Property);
     PushFrame(instance.Class().Procedure(procedure), &instance, window, count + 1, nullptr, true);
 }
 
@@ -288,27 +287,54 @@ Variant Machine::InvokeInstance(Instance& instance, const ClassCode::Member& mem
         if (procedure < 0) Raise(ErrorNumber::NoSuchMember);
         return CallProcedure(instance.Class().Procedure(procedure), &instance, arguments);
     }
-    Variant& field = instance.Fields()[member.field].value;
+    return InvokeVariable(instance.Fields()[member.field].value, kind, arguments);
+}
+
+// Uses a global name for a caller that has it as a member of an object.
+Variant Machine::InvokeGlobal(Global& global, CallKind kind, Arguments& arguments) {
+    switch (global.kind) {
+        case Global::Kind::Variable:
+            return InvokeVariable(global.value, kind, arguments);
+        case Global::Kind::HostMember: {
+            const Ref<IDispatch> host(global.value.AsObject());
+            return host->Invoke(global.member, kind, arguments);
+        }
+        default:
+            break;
+    }
+    if (!Overlap(kind, CallKind::Call)) Raise(ErrorNumber::NoSuchMember);
+    if (global.kind == Global::Kind::Procedure) {
+        const Ref<BoundCode> procedure = global.procedure;
+        return CallProcedure(*procedure, nullptr, arguments);
+    }
+    Variant value = global.value;
+    return InvokeVariable(value, kind, arguments);
+}
+
+// Uses a variable that is a member of an object: its value, an element, or the default member of an object in it.
+Variant Machine::InvokeVariable(Variant& variable, CallKind kind, Arguments& arguments) {
+    const bool isCall = Overlap(kind, CallKind::Call);
     const std::span<Variant> values = arguments.values;
     const std::size_t indexes = isCall ? values.size() : values.size() - 1;
     if (!isCall && values.empty()) Raise(ErrorNumber::WrongArgumentCount);
     if (indexes == 0) {
-        if (isCall) return field;
-        Store(field, Variant(values[0]));
+        if (isCall) return variable;
+        Store(variable, Variant(values[0]));
         return Variant();
     }
-    if (field.IsObject() && !field.IsNothing()) {
-        const Variant object = field;
+    if (variable.IsObject() && !variable.IsNothing()) {
+        const Variant object = variable;
         return object.AsObject()->Invoke(kDispIdValue, kind, arguments);
     }
-    if (!field.IsArray()) Raise(ErrorNumber::TypeMismatch);
-    if (isCall) return IndexArray(field, values);
+    if (!variable.IsArray()) Raise(ErrorNumber::TypeMismatch);
+    if (isCall) return IndexArray(variable, values);
     std::vector<std::int32_t> positions;
     for (const Variant& index : values.first(indexes)) {
         positions.push_back(ToLong(index));
     }
     Variant value = values.back();
-    Array& array = field.AsArray();
+    if (!variable.IsArray()) Raise(ErrorNumber::TypeMismatch);  // the default value of an index may have changed it
+    Array& array = variable.AsArray();
     if (array.ElementType() == VarType::Byte) {
         array.Set(positions, value);
     } else {
@@ -344,7 +370,8 @@ void Machine::CallIntrinsic(Intrinsic intrinsic, Slot* window, std::size_t count
         return CallObject(std::move(err), window, count, window, flags);
     }
     if (intrinsic == Intrinsic::CreateObject || intrinsic == Intrinsic::GetObject) {
-        Raise(ErrorNumber::CannotCreateObject);
+        const bool isNamed = count > 0 && window->IsValue() && window->value.IsString();
+        RaiseAbout(ErrorNumber::CannotCreateObject, isNamed ? window->value.AsText() : Text());
     }
     if (intrinsic == Intrinsic::MsgBox || intrinsic == Intrinsic::InputBox) Raise(ErrorNumber::PermissionDenied);
     if (count != 1) Raise(ErrorNumber::WrongArgumentCount);
@@ -369,10 +396,11 @@ void Machine::RunText(Intrinsic intrinsic, const Text& source, Slot* result, boo
     Frame* const scope = intrinsic == Intrinsic::ExecuteGlobal ? nullptr : mTop->scope;
     if (scope && intrinsic == Intrinsic::Execute) {
         space.DefineLocally(unit, LocalNames(*scope));
+        if (unit->DefinesNames()) Shadow(*scope, *unit);  // the loop takes the links again behind the text's end
     } else {
         space.Define(unit);
+        if (!unit->hasStatements) return;
     }
-    if (!unit->hasStatements) return;
     PushUnit(space, unit, scope, result, discard);
 }
 

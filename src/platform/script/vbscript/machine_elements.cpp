@@ -53,11 +53,39 @@ void Machine::GetElement(const Instruction& i) {
     to.Take(callee.AsObject()->Invoke(kDispIdValue, CallKind::Call, arguments));
 }
 
-// Lets a slot that stands for a global name stand for its variable, if it is one by now.
-void Machine::Settle(Slot& slot) {
-    if (!slot.IsName()) return;
-    Global& global = *slot.link.global;
-    if (global.kind == Global::Kind::Variable || IsWritten(global)) slot.PutAlias(global.value);
+// The variable that a slot is or stands for; nullptr for a name that is none.
+Variant* Machine::PlaceOf(Slot& slot) {
+    if (slot.IsValue()) return &slot.value;
+    if (slot.IsAlias()) return slot.link.variable;
+    Global& global = GlobalOf(slot);
+    if (global.kind != Global::Kind::Variable && !IsWritten(global)) return nullptr;
+    Relink(slot, global);
+    return &global.value;
+}
+
+bool Machine::IsArray(Slot& slot) {
+    const Variant* const variable = PlaceOf(slot);
+    return variable && variable->IsArray();
+}
+
+// The array of a variable, which the default value of an index or of the value may have changed.
+Array& Machine::ArrayAt(Slot& slot) {
+    Variant* const variable = PlaceOf(slot);
+    if (!variable || !variable->IsArray()) Raise(ErrorNumber::TypeMismatch);
+    return variable->AsArray();
+}
+
+// What becomes of an object that is assigned without Set to an element or the default member of a value.
+Machine::Taker Machine::TakerOf(const Variant& target) noexcept {
+    const bool isInstance = target.IsObject() && !target.IsNothing() && Instance::From(target.AsObject());
+    return isInstance ? Taker::Property : Taker::Value;
+}
+
+// Makes the value of an assignment what its target takes: an object with Set; without, an object stands for its default
+// value, unless a property of a script's class gets it, which takes it as it is.
+void Machine::PrepareValue(Variant& value, bool isSet, Taker taker) {
+    if (isSet && !value.IsObject()) Raise(ErrorNumber::ObjectRequired);
+    if (!isSet && taker == Taker::Value && value.IsObject()) value = DefaultValue(value);
 }
 
 void Machine::RefElement(const Instruction& i) {
@@ -65,11 +93,9 @@ void Machine::RefElement(const Instruction& i) {
     const std::size_t count = i.n;
     Slot& to = mTop->slots[i.a];
     Slot& from = At(i.b);
-    Settle(from);
-    const bool inPlace = from.IsValue() || from.IsAlias();
-    Variant& variable = from.IsAlias() ? *from.link.variable : from.value;
-    if (inPlace && variable.IsArray() && variable.AsArray().ElementType() != VarType::Byte) {
-        Variant& element = variable.AsArray().Element(Indexes(window, count));
+    if (IsArray(from) && PlaceOf(from)->AsArray().ElementType() != VarType::Byte) {
+        const Indexes indexes(window, count);
+        Variant& element = ArrayAt(from).Element(indexes);
         ClearSlots(window, count);
         to.Clear();
         return to.PutAlias(element);
@@ -91,23 +117,20 @@ void Machine::PutElement(const Instruction& i) {
     const bool isSet = (i.flags & kIsSet) != 0;
     // The value comes first: it may be the array itself, which is another one as soon as it is written to.
     Variant value = (i.flags & kFreeValue) && from.IsValue() ? std::move(from.value) : Variant(Read(from));
-    if (isSet && !value.IsObject()) Raise(ErrorNumber::ObjectRequired);
-    if (!isSet && value.IsObject()) value = DefaultValue(value);
     Slot& index = At(i.b);
     Slot& place = At(i.a);
-    Settle(place);
-    Variant& variable = place.IsAlias() ? *place.link.variable : place.value;
-    if (!place.IsName() && variable.IsArray()) {
+    if (IsArray(place)) {
+        PrepareValue(value, isSet, Taker::Value);
         const std::int32_t position = IndexOf(Read(index));
         if (i.flags & kFreeIndex) index.Clear();
-        if (variable.AsArray().ElementType() == VarType::Byte) {
-            return variable.AsArray().Set({&position, 1}, value);
-        }
-        return Store(variable.AsArray().Element({&position, 1}), std::move(value));
+        Array& array = ArrayAt(place);
+        if (array.ElementType() == VarType::Byte) return array.Set({&position, 1}, value);
+        return Store(array.Element({&position, 1}), std::move(value));
     }
+    const Variant object = Read(place);
+    PrepareValue(value, isSet, TakerOf(object));
     std::array<Variant, 2> values{Read(index), std::move(value)};
     if (i.flags & kFreeIndex) index.Clear();
-    const Variant object = Read(place);
     if (!object.IsObject()) Raise(ErrorNumber::TypeMismatch);
     if (object.IsNothing()) Raise(ErrorNumber::ObjectVariableNotSet);
     Arguments arguments{values};
@@ -120,28 +143,23 @@ void Machine::PutIndexed(const Instruction& i) {
 
 // Writes an element of what is at `place`, or its default member. The window holds the indexes and the value.
 void Machine::PutInto(Slot& place, Slot* window, std::size_t count, bool isSet) {
-    Slot& value = window[count];
-    if (isSet && !value.value.IsObject()) Raise(ErrorNumber::ObjectRequired);
-    if (!isSet && value.value.IsObject()) value.Take(DefaultValue(value.value));
-    Settle(place);
-    if (!place.IsName()) {
-        Variant& variable = place.IsAlias() ? *place.link.variable : place.value;
-        if (variable.IsArray()) return PutArrayElement(variable.AsArray(), window, count);
+    Variant& value = window[count].value;
+    if (IsArray(place)) {
+        PrepareValue(value, isSet, Taker::Value);
+        const Indexes indexes(window, count);
+        Array& array = ArrayAt(place);
+        if (array.ElementType() == VarType::Byte) {
+            array.Set(indexes, value);
+        } else {
+            Store(array.Element(indexes), std::move(value));
+        }
+        return ClearSlots(window, count + 1);
     }
     const Variant object = Read(place);
+    PrepareValue(value, isSet, TakerOf(object));
     if (!object.IsObject()) Raise(ErrorNumber::TypeMismatch);
     if (object.IsNothing()) Raise(ErrorNumber::ObjectVariableNotSet);
     InvokeObject(object.AsObject(), kDispIdValue, isSet ? CallKind::Set : CallKind::Let, window, count + 1);
-}
-
-void Machine::PutArrayElement(Array& array, Slot* window, std::size_t count) {
-    const Indexes indexes(window, count);
-    if (array.ElementType() == VarType::Byte) {
-        array.Set(indexes, window[count].value);
-    } else {
-        Store(array.Element(indexes), std::move(window[count].value));
-    }
-    ClearSlots(window, count + 1);
 }
 
 // After a call: an element that was an argument by reference gets what the call wrote.
@@ -151,8 +169,7 @@ void Machine::PutBack(const Instruction& i) {
     Slot& value = mTop->slots[i.a];
     if ((mWritten >> numbers.argument) & 1) {
         Slot& place = At(i.b);
-        Settle(place);
-        Variant* const variable = place.IsName() ? nullptr : place.IsAlias() ? place.link.variable : &place.value;
+        Variant* const variable = PlaceOf(place);
         if (variable && variable->IsArray()) {
             Array& array = variable->AsArray();
             const Indexes at(indexes, numbers.indexes);
@@ -184,9 +201,12 @@ void Machine::ReDim(const Instruction& i) {
     }
     Charge(elements * sizeof(Variant));
     Slot& place = At(i.a);
-    if (place.IsName() && place.link.global->kind == Global::Kind::Undefined && !IsWritten(*place.link.global)) {
-        mTop->space->MakeVariable(*place.link.global);  // a declaration, under Option Explicit too
-        NoteNewVariable(*place.link.global);
+    if (place.IsName()) {
+        Global& global = GlobalOf(place);
+        if (global.kind == Global::Kind::Undefined && !IsWritten(global)) {
+            mTop->space->MakeVariable(global);  // a declaration, under Option Explicit too
+            NoteNewVariable(global);
+        }
     }
     Variant& variable = VariableOf(place);
     Array array;

@@ -1,7 +1,6 @@
 #include "platform/script/vbscript/fast_operators.h"
 #include "platform/script/vbscript/limits.h"
 #include "platform/script/vbscript/machine.h"
-#include "platform/script/vbscript/run_guard.h"
 
 namespace ov::vbscript {
 
@@ -16,10 +15,10 @@ void Machine::ClearSlots(Slot* first, std::size_t count) noexcept {
 }
 
 // Ends the current procedure's variables, and with them maybe objects; then the frame.
-inline void Machine::PopFrame() noexcept {
+void Machine::PopFrame() noexcept {
     Frame& frame = *mTop;
     ClearSlots(frame.slots, frame.code->frameSize);
-    if (frame.localNames) delete std::exchange(frame.localNames, nullptr);
+    if (frame.added) delete std::exchange(frame.added, nullptr);
     if (frame.me) frame.me->Release();
     mTop = &frame == mFrames ? nullptr : &frame - 1;
     if (frame.bound) frame.bound->Release();
@@ -141,66 +140,6 @@ bool Machine::Result(const Instruction& i) {
     Slot& slot = At(i.a);
     if ((i.flags & kFreeA) && slot.IsValue()) return EndFrame(std::move(slot.value));
     return EndFrame(Variant(Read(slot)));
-}
-
-// The place in the text where a procedure is.
-Position Machine::PositionOf(const Frame& frame) const noexcept {
-    const auto behind = static_cast<std::uint32_t>(frame.pc - frame.code->instructions.data());
-    const Mark* mark = frame.code->MarkAt(behind == 0 ? 0 : behind - 1);
-    return mark ? mark->position : Position{};
-}
-
-// In a handler: goes on at the next statement of the innermost procedure with On Error Resume Next, with all
-// procedures that it called ended; throws the error if there is none up to the entry.
-void Machine::Recover(const Frame* entry) {
-    const Position position = PositionOf(*mTop);
-    try {
-        throw;
-    } catch (const ScriptTimeout& timeout) {
-        Unwind(entry);
-        if (timeout.line() != 0) throw;
-        throw ScriptTimeout(static_cast<std::int32_t>(position.line), static_cast<std::int32_t>(position.column));
-    } catch (const EndScript&) {
-        Unwind(entry);
-        throw;
-    } catch (const ScriptError& error) {
-        if (Resume(entry, error)) return;
-        throw;
-    } catch (...) {
-        const RuntimeError error = CurrentError();
-        if (Resume(entry, error)) return;
-        throw ScriptError(error, false, static_cast<std::int32_t>(position.line),
-                          static_cast<std::int32_t>(position.column));
-    }
-}
-
-// False, with all procedures up to the entry ended, if none of them has On Error Resume Next.
-bool Machine::Resume(const Frame* entry, const RuntimeError& error) {
-    for (;;) {
-        Frame& frame = *mTop;
-        if (frame.resumeNext) {
-            const Code& code = *frame.code;
-            const auto failed = static_cast<std::uint32_t>(frame.pc - code.instructions.data()) - 1;
-            const Mark* mark = code.MarkAt(failed);
-            ClearSlots(frame.slots + mark->live, code.frameSize - mark->live);
-            frame.space->Err().Note(error);
-            do {
-                ++mark;
-            } while (!mark->resumes);
-            frame.pc = code.instructions.data() + mark->pc;
-            return true;
-        }
-        const bool isEntry = &frame == entry;
-        PopFrame();
-        if (isEntry) return false;
-    }
-}
-
-void Machine::Unwind(const Frame* entry) noexcept {
-    while (mTop != entry) {
-        PopFrame();
-    }
-    PopFrame();
 }
 
 }  // namespace ov::vbscript

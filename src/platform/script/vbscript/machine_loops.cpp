@@ -76,24 +76,25 @@ void Machine::ForEachStart(const Instruction& i) {
     if (i.flags & kFreeB) from.Clear();
 }
 
-// False at the end.
+// False at the end, where the variable becomes Empty. A loop whose start failed just ends.
 bool Machine::ForEachNext(const Instruction& i) {
     Tick();
     Slot* const control = &At(i.b);
     Variant item;
+    bool hasItem = false;
     if (control[0].value.IsArray()) {
         const Array& array = control[0].value.AsArray();
         const auto position = static_cast<std::size_t>(control[1].value.AsLong());
-        if (position >= array.size()) return false;
-        item = array.At(position);
+        hasItem = position < array.size();
+        if (hasItem) item = array.At(position);
         control[1].Put(static_cast<std::int32_t>(position + 1));
     } else if (control[0].value.IsObject()) {
-        if (!static_cast<IEnumVariant*>(control[0].value.AsObject())->Next(item)) return false;
+        hasItem = static_cast<IEnumVariant*>(control[0].value.AsObject())->Next(item);
     } else {
-        Raise(ErrorNumber::ForLoopNotInitialized);
+        return false;
     }
-    Write(At(i.a), std::move(item));
-    return true;
+    Write(At(i.a), hasItem ? std::move(item) : Variant());
+    return hasItem;
 }
 
 }  // namespace ov::vbscript

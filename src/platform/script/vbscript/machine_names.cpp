@@ -10,7 +10,7 @@ constexpr std::int32_t kIllegalAssignment = 501;
 constexpr std::int32_t kClassNotDefined = 506;
 
 [[noreturn]] void RaiseNumber(std::int32_t number) {
-    throw RuntimeError(number, Text(), ErrorText(number));
+    throw RuntimeError(number);
 }
 
 }  // namespace
@@ -32,7 +32,23 @@ Slot& Machine::At(std::uint32_t operand) const noexcept {
 const Variant& Machine::Read(Slot& slot) {
     if (slot.IsValue()) return slot.value;
     if (slot.IsAlias()) return *slot.link.variable;
-    return ReadName(*slot.link.global, &slot);
+    return ReadName(slot);
+}
+
+// What a link to a name stands for. What is nothing globally may be what a text of Execute made of the name in the
+// current procedure.
+Global& Machine::GlobalOf(const Slot& link) const noexcept {
+    Global& global = *link.link.global;
+    const Frame* const scope = mTop->scope;
+    if (global.kind != Global::Kind::Undefined || !scope || !scope->added) return global;
+    const Name& name = mTop->code->names[static_cast<std::size_t>(&link - mTop->links)];
+    const std::unique_ptr<Global>* const added = scope->added->globals.Find(name.text, name.hash);
+    return added ? **added : global;
+}
+
+// Lets a link stand for a variable from now on. One that Execute added is none: other calls share the link.
+void Machine::Relink(Slot& link, Global& global) noexcept {
+    if (link.link.global == &global) link.PutAlias(global.value);
 }
 
 // True if a name that was nothing has become a variable because a procedure wrote to an argument that stood for it.
@@ -50,10 +66,11 @@ void Machine::PassUndefined(Global& global, Slot& to) {
 }
 
 // A global name among the operands: mostly a variable that was none when the text was linked.
-const Variant& Machine::ReadName(Global& global, Slot* link) {
+const Variant& Machine::ReadName(Slot& link) {
+    Global& global = GlobalOf(link);
     switch (global.kind) {
         case Global::Kind::Variable:
-            if (link) link->PutAlias(global.value);
+            Relink(link, global);
             return global.value;
         case Global::Kind::Constant:
         case Global::Kind::Object:
@@ -85,7 +102,7 @@ void Machine::Write(Slot& slot, Variant&& value) {
 Variant& Machine::VariableOf(Slot& slot) {
     if (slot.IsValue()) return slot.value;
     if (slot.IsAlias()) return *slot.link.variable;
-    Global& global = *slot.link.global;
+    Global& global = GlobalOf(slot);
     if (global.kind == Global::Kind::Undefined && !IsWritten(global)) {
         if (mTop->code->optionExplicit) RaiseNumber(kUndefinedVariable);
         mTop->space->MakeVariable(global);
@@ -93,7 +110,7 @@ Variant& Machine::VariableOf(Slot& slot) {
     } else if (global.kind != Global::Kind::Variable) {
         RaiseNumber(kIllegalAssignment);
     }
-    slot.PutAlias(global.value);
+    Relink(slot, global);
     return global.value;
 }
 
@@ -134,8 +151,39 @@ void Machine::LinkGlobally(Namespace& space, const Name& name, Slot& link) {
 }
 
 Globals& Machine::LocalNames(Frame& scope) {
-    if (!scope.localNames) scope.localNames = new Globals;
-    return *scope.localNames;
+    if (!scope.added) scope.added = new AddedNames;
+    return scope.added->globals;
+}
+
+// Lets the names that a text declared in a procedure stand for that from now on, whatever they stood for before: in the
+// procedure itself, and in the texts that run in it.
+void Machine::Shadow(Frame& scope, const Unit& unit) {
+    std::unique_ptr<Slot[]>& own = scope.added->links;
+    if (!own) {
+        const std::size_t count = scope.code->names.size();
+        own = std::make_unique<Slot[]>(count);
+        std::copy_n(reinterpret_cast<const Slot::Link*>(scope.links), count, reinterpret_cast<Slot::Link*>(own.get()));
+        scope.links = own.get();
+    }
+    const auto shadow = [&](const Text& name, std::uint32_t hash) {
+        Global& local = **scope.added->globals.Find(name, hash);
+        for (Frame* frame = mTop; frame >= &scope; --frame) {
+            if (frame->scope != &scope) continue;
+            for (std::size_t i = 0; i < frame->code->names.size(); ++i) {
+                const Name& known = frame->code->names[i];
+                if (known.hash == hash && EqualNoCase(known.text, name)) frame->links[i].PutName(local);
+            }
+        }
+    };
+    for (const Unit::NamedConstant& constant : unit.constants) {
+        shadow(constant.name, constant.hash);
+    }
+    for (const Declaration& variable : unit.variables) {
+        shadow(variable.name, variable.hash);
+    }
+    for (const Unit::Procedure& procedure : unit.procedures) {
+        shadow(procedure.name, procedure.hash);
+    }
 }
 
 // Links a name of a text that runs inside a procedure: to the procedure's variables, to names that such texts added
@@ -152,8 +200,8 @@ void Machine::LinkLocally(Frame& scope, const Name& name, Slot& link) {
         }
         return;
     }
-    if (scope.localNames) {
-        if (const std::unique_ptr<Global>* known = scope.localNames->Find(name.text, name.hash)) {
+    if (scope.added) {
+        if (const std::unique_ptr<Global>* known = scope.added->globals.Find(name.text, name.hash)) {
             return link.PutName(**known);
         }
     }
@@ -213,10 +261,10 @@ void Machine::PassRef(const Instruction& i) {
     Slot& from = At(i.b);
     Slot& to = At(i.a);
     if (from.IsAlias()) return to.PutAlias(*from.link.variable);
-    const Global::Kind kind = from.link.global->kind;
-    if (kind == Global::Kind::Undefined) return PassUndefined(*from.link.global, to);
-    if (kind == Global::Kind::Variable) return to.PutAlias(VariableOf(from));
-    to.Take(Variant(ReadName(*from.link.global, nullptr)));
+    Global& global = GlobalOf(from);
+    if (global.kind == Global::Kind::Undefined) return PassUndefined(global, to);
+    if (global.kind == Global::Kind::Variable) return to.PutAlias(VariableOf(from));
+    to.Take(Variant(ReadName(from)));
 }
 
 // A name as an argument. Where it is nothing, the procedure that is called may make something of it.
@@ -230,7 +278,7 @@ void Machine::PassName(const Instruction& i) {
         if (isNothing || !local.value.IsEmpty()) return to.PutAlias(local.value);
     }
     if (link.IsAlias()) return to.PutAlias(*link.link.variable);
-    Global& global = *link.link.global;
+    Global& global = GlobalOf(link);
     switch (global.kind) {
         case Global::Kind::Undefined:
             return PassUndefined(global, to);
@@ -254,32 +302,28 @@ void Machine::LoadName(const Instruction& i) {
         if (!local.value.IsEmpty()) return to.Take(Variant(local.value));
     }
     if (link.IsAlias()) return to.Take(Variant(*link.link.variable));
-    Global& global = *link.link.global;
+    Global& global = GlobalOf(link);
     switch (global.kind) {
         case Global::Kind::Variable:
-            link.PutAlias(global.value);
+            Relink(link, global);
             return to.Take(Variant(global.value));
         case Global::Kind::Constant:
         case Global::Kind::Object:
             return to.Take(Variant(global.value));
-        case Global::Kind::Undefined: {
-            if (const Global* added = AddedName(mTop->code->names[i.b])) return to.Take(Variant(added->value));
+        case Global::Kind::Undefined:
             if (IsWritten(global)) return to.Take(Variant(global.value));
             if (mTop->code->optionExplicit) RaiseNumber(kUndefinedVariable);
             return to.Take(Variant());
-        }
         default:
             break;
     }
     CallGlobal(global, i.a, 0, kBare);
 }
 
-// What a text of Execute made of a name in the current procedure, or nullptr.
-Global* Machine::AddedName(const Name& name) const noexcept {
-    const Frame* scope = mTop->scope;
-    if (!scope || !scope->localNames) return nullptr;
-    const std::unique_ptr<Global>* added = scope->localNames->Find(name.text, name.hash);
-    return added ? added->get() : nullptr;
+void Machine::LoadMe(const Instruction& i) {
+    Slot& to = mTop->slots[i.a];
+    if (mTop->me) return to.Take(Variant(static_cast<IDispatch*>(mTop->me)));
+    to.Take(Variant(mTop->space->Object()));
 }
 
 void Machine::New(const Instruction& i) {

@@ -38,15 +38,9 @@ Variant Compute(Opcode op, const Variant& a, const Variant& b) {
             return SameObject(a.AsObject(), b.AsObject());
         case Opcode::Negate:
             return Negate(a);
-        case Opcode::Identity:
-            return Identity(a);
         default:
             return Not(a);
     }
-}
-
-bool IsUnary(Opcode op) noexcept {
-    return op == Opcode::Negate || op == Opcode::Identity || op == Opcode::Not;
 }
 
 bool Holds(Opcode comparison, std::weak_ordering order) noexcept {
@@ -149,11 +143,11 @@ void Machine::Concatenate(const Instruction& i) {
             const Variant& addition = Read(b);
             if (addition.IsString()) {
                 const Text kept = addition.AsText();
-                variable.AsText() += kept.view();
+                variable.AsText() += kept;
             } else {
                 const Text text = TextOf(addition);
                 if (!variable.IsString()) return Operate(i);
-                variable.AsText() += text.view();
+                variable.AsText() += text;
             }
             if (i.flags & kFreeC) b.Clear();
             return;
@@ -173,7 +167,7 @@ void Machine::ConcatenateAll(const Instruction& i) {
     for (std::size_t k = 0; k < i.c; ++k) {
         const Variant& part = parts[k].value;
         allNull = allNull && part.IsNull();
-        joined += TextOf(part).view();
+        joined += TextOf(part);
     }
     ClearSlots(parts, i.c);
     Charge(joined.size() * sizeof(char16_t));
@@ -188,12 +182,12 @@ void Machine::Append(const Instruction& i) {
     for (std::size_t k = 0; k < i.c; ++k) {
         const Variant& part = parts[k].value;
         allNull = allNull && part.IsNull();
-        joined += TextOf(part).view();
+        joined += TextOf(part);
     }
     ClearSlots(parts, i.c);
     Charge(joined.size() * sizeof(char16_t));
     if (variable.IsString()) {
-        variable.AsText() += joined.view();
+        variable.AsText() += joined;
     } else {
         Store(variable, allNull ? Variant::Null() : Variant(TextOf(variable) + joined));
     }

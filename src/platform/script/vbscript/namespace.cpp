@@ -4,6 +4,7 @@
 
 #include "platform/automation/errors.h"
 #include "platform/script/vbscript/compile_errors.h"
+#include "platform/script/vbscript/global_object.h"
 #include "platform/script/vbscript/instance.h"
 #include "platform/script/vbscript/run_guard.h"
 
@@ -252,6 +253,34 @@ BoundCode* Namespace::FindProcedure(std::u16string_view name) {
 
 void Namespace::MakeVariable(Global& global) {
     global.kind = Global::Kind::Variable;
+}
+
+Ref<IDispatch> Namespace::Object() {
+    if (mObject) return Ref<IDispatch>(mObject);
+    mObject = new GlobalObject(*this);
+    return Ref<IDispatch>::Adopt(mObject);
+}
+
+std::size_t Namespace::MemberPosition(std::u16string_view name) {
+    const std::uint32_t hash = HashNoCase(name);
+    Enter(Name::Of(name, hash));
+    const std::size_t position = mGlobals.IndexOf(name, hash);
+    return MemberAt(position) ? position : Globals::kNone;
+}
+
+Global* Namespace::MemberAt(std::size_t position) noexcept {
+    if (position >= mGlobals.size()) return nullptr;
+    Global& global = *mGlobals[position].value;
+    switch (global.kind) {
+        case Global::Kind::Variable:
+        case Global::Kind::Constant:
+        case Global::Kind::Object:
+        case Global::Kind::HostMember:
+        case Global::Kind::Procedure:
+            return &global;
+        default:
+            return nullptr;
+    }
 }
 
 ErrObject& Namespace::Err() {

@@ -14,6 +14,7 @@
 namespace ov::vbscript {
 
 class BoundClass;
+class GlobalObject;
 class Instance;
 class Namespace;
 
@@ -114,6 +115,17 @@ public:
     /// Makes an undefined name a variable.
     void MakeVariable(Global& global);
 
+    /// The object whose members are the global names.
+    Ref<IDispatch> Object();
+    void Forget(const GlobalObject& object) noexcept {
+        if (mObject == &object) mObject = nullptr;
+    }
+    /// The position of a global name that is a member of that object: a procedure, variable or constant of scripts, or
+    /// what the host published; or Globals::kNone.
+    std::size_t MemberPosition(std::u16string_view name);
+    /// The name at a position, or nullptr if it is no member.
+    Global* MemberAt(std::size_t position) noexcept;
+
     ErrObject& Err();
     std::uint32_t& RandomSeed() noexcept { return mRandomSeed; }
     /// Milliseconds that one outermost call may take; 0 means no bound.
@@ -152,6 +164,7 @@ private:
     Globals mGlobals;
     Instance* mInstances = nullptr;  // the scripts' living objects
     Ref<ErrObject> mErr;
+    GlobalObject* mObject = nullptr;  // holds this
 };
 
 }  // namespace ov::vbscript

@@ -45,7 +45,6 @@ enum class Opcode : std::uint8_t {
     GreaterEqual,
     // a = op b
     Negate,
-    Identity,
     Not,
     ConcatenateAll,  ///< a = the texts of c slots from b on
     Append,          ///< a = a & the texts of c slots from b on
@@ -87,8 +86,19 @@ enum class Opcode : std::uint8_t {
     Return,       ///< ends the procedure
     Result,       ///< ends an expression text with value a
     OnError,      ///< clears Err; flag: resume next
-    RaiseNumber,  ///< raises error a
+    RaiseNumber,  ///< raises error a, about name b - 1 unless b is 0
 };
+
+inline constexpr Opcode kLastOpcode = Opcode::RaiseNumber;
+
+/// True for one operand, b or that of a jump.
+constexpr bool IsUnary(Opcode op) noexcept {
+    return op == Opcode::Negate || op == Opcode::Not || op == Opcode::JumpIfFalse || op == Opcode::JumpIfTrue;
+}
+/// True for what computes or compares its operands.
+constexpr bool IsOperator(Opcode op) noexcept {
+    return (op >= Opcode::Add && op <= Opcode::Not) || (op >= Opcode::JumpIfFalse && op <= Opcode::JumpWhenEqual);
+}
 
 // Flags. The meaning of a bit depends on the instruction.
 inline constexpr std::uint8_t kFreeB = 1;  ///< operators: b is a temporary value that ends here

@@ -33,6 +33,7 @@ private:
         bool usesExecute = false;
         int loops = 0;     // Do loops around the current statement
         int forLoops = 0;  // For loops around it
+        int whiles = 0;    // While loops around it
     };
     /// Counts a level of nesting while it lives.
     class Level {
@@ -52,6 +53,7 @@ private:
     bool Is(TokenKind kind) const noexcept { return Current().kind == kind; }
     bool IsWord(std::u16string_view word) const noexcept;
     bool IsEndOfStatement() const noexcept;
+    bool IsEndOfProcedure() const noexcept;
     bool Accept(TokenKind kind) noexcept;
     bool AcceptWord(std::u16string_view word) noexcept;
     void Expect(TokenKind kind, CompileError error);
@@ -62,6 +64,7 @@ private:
 
     // Expressions.
     Expression* ParseExpression();
+    static bool IsBinaryOperator(TokenKind kind) noexcept;
     Expression* ParseBinary(int lowest);
     Expression* ParseOperand();
     Expression* ParsePrimary();
@@ -79,6 +82,7 @@ private:
     Statement* ParseCall();
     Statement* ParseSet();
     Statement* ParseIf();
+    void ParseLineIf(std::vector<Clause>& clauses);
     Block ParseSingleLine();
     Statement* ParseSelect();
     Statement* ParseFor();
@@ -109,7 +113,7 @@ private:
     Class* ParseClass();
     void ParseClassMember(std::vector<Variable>& fields, std::vector<Procedure*>& procedures);
     void CheckClass(const Class& parsed) const;
-    void CheckSameProperty(const Procedure* known, const Procedure& other) const;
+    void CheckSameProperty(const Procedure& known, const Procedure& other) const;
 
     template <class T>
     std::span<T> Keep(const std::vector<T>& items) {
@@ -124,6 +128,7 @@ private:
     std::size_t mSpacedBracket = 0;     // token of the first "(" behind a blank in a statement's callee
     Expression* mSpacedCall = nullptr;  // and what it makes, or nullptr
     int mNesting = 0;
+    int mLineIfs = 0;  // Ifs on one line around the current statement
     Scope* mScope = nullptr;
     bool mInProcedure = false;
     ProcedureKind mKind = ProcedureKind::Main;

@@ -142,7 +142,8 @@ void Parser::ParseConstants() {
         constant.name = ExpectName();
         Expect(TokenKind::Equal, CompileError::ExpectedEqual);
         const Position position = Current().position;
-        constant.value = ParseOperand();
+        if (IsEndOfStatement()) FailHere(CompileError::ExpectedLiteralConstant);
+        constant.value = ParseExpression();
         const Expression* literal = constant.value;
         while (literal->kind == ExpressionKind::Unary || literal->kind == ExpressionKind::Bracketed) {
             literal = literal->left;
@@ -171,6 +172,7 @@ Procedure* Parser::ParseProcedure(bool isPublic, bool isDefault) {
     }
     procedure->position = Current().position;
     procedure->name = ExpectName();
+    if (Is(TokenKind::CloseBracket)) FailHere(CompileError::ExpectedOpenBracket);
     if (Accept(TokenKind::OpenBracket)) procedure->parameters = ParseParameters();
     CheckProperty(*procedure, procedure->position);
     ParseBody(*procedure);
@@ -233,9 +235,11 @@ void Parser::ParseBody(Procedure& procedure) {
     Scope scope;
     Scope* outer = std::exchange(mScope, &scope);
     const ProcedureKind outerKind = std::exchange(mKind, procedure.kind);
+    const int outerLineIfs = std::exchange(mLineIfs, 0);
     mInProcedure = true;
     procedure.body = ParseBlock();
     mInProcedure = false;
+    mLineIfs = outerLineIfs;
     mKind = outerKind;
     mScope = outer;
     FinishScope(procedure, scope);
@@ -246,12 +250,13 @@ Class* Parser::ParseClass() {
     ++mAt;
     parsed->position = Current().position;
     parsed->name = ExpectName();
+    if (!Is(TokenKind::EndOfLine) && !Is(TokenKind::Colon)) FailHere(CompileError::ExpectedEndOfStatement);
     std::vector<Variable> fields;
     std::vector<Procedure*> procedures;
     for (SkipSeparators(); !Is(TokenKind::EndWord); SkipSeparators()) {
         if (Is(TokenKind::End)) FailHere(CompileError::ExpectedEnd);
         ParseClassMember(fields, procedures);
-        if (!Is(TokenKind::EndOfLine) && !Is(TokenKind::Colon)) FailHere(CompileError::ExpectedEndOfStatement);
+        ExpectEndOfStatement();
     }
     ParseEnd(TokenKind::Class, CompileError::ExpectedClass);
     parsed->fields = Keep(fields);
@@ -290,23 +295,30 @@ void Parser::ParseClassMember(std::vector<Variable>& fields, std::vector<Procedu
 
 void Parser::CheckClass(const Class& parsed) const {
     // Under each name a field, or a procedure, or the first of a property's procedures.
-    NameMap<std::u16string_view, const Procedure*> members;
+    struct Member {
+        const Procedure* procedure;
+        Position position;
+    };
+    NameMap<std::u16string_view, Member> members;
     for (const Variable& field : parsed.fields) {
-        if (members.Find(field.name.text, field.name.hash)) Fail(CompileError::NameRedefined, field.position);
-        members.Add(field.name.text, field.name.hash, nullptr);
+        if (const Member* known = members.Find(field.name.text, field.name.hash)) {
+            FailRedefined(known->position, field.position);
+        }
+        members.Add(field.name.text, field.name.hash, {nullptr, field.position});
     }
     NameMap<std::u16string_view, unsigned> kinds;
     bool hasDefault = false;
     for (const Procedure* procedure : parsed.procedures) {
         const Identifier& name = procedure->name;
-        const unsigned kind = 1u << static_cast<unsigned>(procedure->kind);
-        if (const Procedure* const* known = members.Find(name.text, name.hash)) {
-            CheckSameProperty(*known, *procedure);
+        const unsigned kind = procedure->kind <= ProcedureKind::Get ? 1u : 1u << static_cast<unsigned>(procedure->kind);
+        if (const Member* known = members.Find(name.text, name.hash)) {
+            if (!known->procedure) FailRedefined(known->position, procedure->position);
+            CheckSameProperty(*known->procedure, *procedure);
             unsigned& knownKinds = *kinds.Find(name.text, name.hash);
             if (knownKinds & kind) Fail(CompileError::NameRedefined, procedure->position);
             knownKinds |= kind;
         } else {
-            members.Add(name.text, name.hash, procedure);
+            members.Add(name.text, name.hash, {procedure, procedure->position});
             kinds.Add(name.text, name.hash, kind);
         }
         if (procedure->isDefault && std::exchange(hasDefault, true)) {
@@ -320,14 +332,17 @@ void Parser::CheckClass(const Class& parsed) const {
     }
 }
 
-// Two members of one name have to be procedures of one property, with the same indexes.
-void Parser::CheckSameProperty(const Procedure* known, const Procedure& other) const {
+// Two members of one name have to be procedures of one property, with the same indexes; a Sub or a Function may stand
+// in the place of Property Get.
+void Parser::CheckSameProperty(const Procedure& known, const Procedure& other) const {
     const auto isProperty = [](const Procedure& procedure) { return procedure.kind >= ProcedureKind::Get; };
-    if (!known || !isProperty(*known) || !isProperty(other)) Fail(CompileError::NameRedefined, other.position);
+    const auto isRead = [](const Procedure& procedure) { return procedure.kind <= ProcedureKind::Get; };
+    if (isRead(known) && isRead(other)) Fail(CompileError::NameRedefined, other.position);
+    if (!isProperty(known) || !isProperty(other)) return;
     const auto indexes = [](const Procedure& property) {
         return property.parameters.size() - (property.kind == ProcedureKind::Get ? 0 : 1);
     };
-    if (indexes(*known) != indexes(other)) Fail(CompileError::InconsistentArguments, other.position);
+    if (indexes(known) != indexes(other)) Fail(CompileError::InconsistentArguments, other.position);
 }
 
 }  // namespace ov::vbscript

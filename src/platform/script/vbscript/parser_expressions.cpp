@@ -1,6 +1,7 @@
 #include "platform/automation/text.h"
 #include "platform/script/vbscript/limits.h"
 #include "platform/script/vbscript/parser.h"
+#include "platform/script/vbscript/run_guard.h"
 
 namespace ov::vbscript {
 
@@ -63,6 +64,7 @@ Parser::Level::Level(Parser& parser) : mParser(parser) {
 }
 
 Expression* Parser::NewExpression(ExpressionKind kind, Position position) {
+    RunGuard::Step();
     Expression* expression = mArena.New<Expression>();
     expression->kind = kind;
     expression->position = position;
@@ -71,6 +73,10 @@ Expression* Parser::NewExpression(ExpressionKind kind, Position position) {
 
 Expression* Parser::ParseExpression() {
     return ParseBinary(1);
+}
+
+bool Parser::IsBinaryOperator(TokenKind kind) noexcept {
+    return PrecedenceOf(kind) != kNoOperator;
 }
 
 Expression* Parser::ParseBinary(int lowest) {
@@ -92,7 +98,9 @@ Expression* Parser::ParseOperand() {
     const TokenKind op = Current().kind;
     if (op != TokenKind::Not && op != TokenKind::Minus && op != TokenKind::Plus) return ParsePrimary();
     const Level level(*this);
-    Expression* unary = NewExpression(ExpressionKind::Unary, Current().position);
+    // A plus does nothing, like brackets.
+    const ExpressionKind kind = op == TokenKind::Plus ? ExpressionKind::Bracketed : ExpressionKind::Unary;
+    Expression* unary = NewExpression(kind, Current().position);
     ++mAt;
     unary->op = op;
     // A sign binds even tighter than "^": -2 ^ 2 is 4.
@@ -138,7 +146,8 @@ Expression* Parser::ParsePrimary() {
     }
 }
 
-// A name with members and brackets behind it. In a statement, a dot behind a blank begins the first argument.
+// A name with members and brackets behind it. In a statement, a dot behind a name and a blank begins the first
+// argument.
 Expression* Parser::ParsePostfix(Expression* first, bool isStatement) {
     Expression* expression = first;
     const Position start = Current().position;
@@ -156,7 +165,8 @@ Expression* Parser::ParsePostfix(Expression* first, bool isStatement) {
     }
     for (int links = 0;; ++links) {
         const Token& token = Current();
-        const bool isMember = token.kind == TokenKind::Dot && !(isStatement && token.blankBefore);
+        const bool beginsArgument = isStatement && token.blankBefore && expression->kind != ExpressionKind::Call;
+        const bool isMember = token.kind == TokenKind::Dot && !beginsArgument;
         if (!isMember && token.kind != TokenKind::OpenBracket) return expression;
         if (links >= kMaxNesting) FailHere(CompileError::OutOfMemory);
         Expression* outer =

@@ -16,13 +16,21 @@ bool Parser::IsEndOfStatement() const noexcept {
         case TokenKind::End:
         case TokenKind::EndOfLine:
         case TokenKind::Colon:
-        case TokenKind::Else:  // of an If on one line
             return true;
+        case TokenKind::Else:
+            return mLineIfs > 0;
         case TokenKind::EndWord:
-            return Ahead(1).kind == TokenKind::If;
+            return IsEndOfProcedure() || (mLineIfs > 0 && Ahead(1).kind == TokenKind::If);
         default:
             return false;
     }
+}
+
+// At End: the words that close a procedure or a class may stand behind a statement on its line.
+bool Parser::IsEndOfProcedure() const noexcept {
+    const Token& word = Ahead(1);
+    return word.kind == TokenKind::Sub || word.kind == TokenKind::Function || word.kind == TokenKind::Class ||
+           (word.kind == TokenKind::Identifier && EqualNoCase(word.text, u"property"));
 }
 
 bool Parser::Accept(TokenKind kind) noexcept {
@@ -74,30 +82,6 @@ void Parser::NoteTarget(const Expression& target) {
     if (root->kind == ExpressionKind::Name) mScope->indexed.push_back(root->name);
 }
 
-// Statements up to a word that closes or divides a block, which stays the current token.
-Block Parser::ParseBlock() {
-    const Level level(*this);
-    std::vector<Statement*> list;
-    for (;;) {
-        SkipSeparators();
-        switch (Current().kind) {
-            case TokenKind::End:
-            case TokenKind::Else:
-            case TokenKind::ElseIf:
-            case TokenKind::EndWord:
-            case TokenKind::Loop:
-            case TokenKind::Next:
-            case TokenKind::Wend:
-            case TokenKind::Case:
-                return Keep(list);
-            default:
-                break;
-        }
-        ParseStatementInto(list);
-        ExpectEndOfStatement();
-    }
-}
-
 void Parser::ParseStatementInto(std::vector<Statement*>& list) {
     if (Statement* statement = ParseStatement()) list.push_back(statement);
     mStarted = true;
@@ -137,6 +121,14 @@ Statement* Parser::ParseStatement() {
             return ParseSelect();
         case TokenKind::Set:
             return ParseSet();
+        case TokenKind::Sub:
+        case TokenKind::Function:
+        case TokenKind::Public:
+        case TokenKind::Private:
+            // Within a block of the statements outside procedures it is as global as beside it.
+            if (mInProcedure) FailHere(CompileError::Syntax);
+            ParseTopLevelDeclaration();
+            return nullptr;
         case TokenKind::Stop:
             ++mAt;  // there is no debugger to stop for
             return nullptr;
@@ -176,14 +168,15 @@ Statement* Parser::ParseCallOrAssignment() {
     return ParseCallArguments(target, position);
 }
 
-// A call without the word Call. What looked like its brackets belongs to the first argument if the statement goes on
-// behind them: f (a) + b, c. So it does if a blank is before them and members are behind: f (a).b
+// A call without the word Call. What looked like its brackets belongs to the first argument if an operator or a comma
+// is behind them: f (a) + b, c. So do members behind brackets with a blank before: f (a).b + c. Without an operator
+// they are those of what the call gives: f (a).b c. A new object is an argument always: f (New C).b
 Statement* Parser::ParseCallArguments(Expression* callee, Position position) {
     Statement* call = NewStatement(StatementKind::Call);
     call->position = position;
     call->target = callee;
-    const bool isArgument = mSpacedCall && mSpacedCall != callee;
-    if (IsEndOfStatement() && !isArgument) {
+    const bool isNew = mSpacedCall && mSpacedCall != callee && mTokens[mSpacedBracket + 1].kind == TokenKind::New;
+    if (IsEndOfStatement() && !isNew) {
         if (callee->kind != ExpressionKind::Call) return call;
         if (callee->arguments.size() > 1) Fail(CompileError::CannotUseBracketsForSub, position);
         for (Expression*& argument : callee->arguments) {
@@ -193,12 +186,13 @@ Statement* Parser::ParseCallArguments(Expression* callee, Position position) {
         }
         return call;
     }
-    if (isArgument) {
-        mAt = mSpacedBracket;
-        callee = mSpacedCall->left;
-    } else if (callee->kind == ExpressionKind::Call) {
+    const bool isCall = callee->kind == ExpressionKind::Call;
+    if (isCall && !isNew && (!mSpacedCall || mTokens[mLastBracket].blankBefore)) {
         mAt = mLastBracket;
         callee = callee->left;
+    } else if (isNew || (mSpacedCall && (isCall || Is(TokenKind::Comma) || IsBinaryOperator(Current().kind)))) {
+        mAt = mSpacedBracket;
+        callee = mSpacedCall->left;
     }
     Expression* target = NewExpression(ExpressionKind::Call, position);
     target->left = callee;
@@ -211,7 +205,7 @@ Statement* Parser::ParseCallArguments(Expression* callee, Position position) {
 Statement* Parser::ParseCall() {
     Statement* call = NewStatement(StatementKind::Call);
     ++mAt;
-    call->target = ParsePostfix(nullptr, false);
+    call->target = Is(TokenKind::OpenBracket) ? ParsePrimary() : ParsePostfix(nullptr, false);
     return call;
 }
 
@@ -224,187 +218,6 @@ Statement* Parser::ParseSet() {
     NoteTarget(*set->target);
     set->value = ParseExpression();
     return set;
-}
-
-Statement* Parser::ParseIf() {
-    const Level level(*this);
-    Statement* statement = NewStatement(StatementKind::If);
-    std::vector<Clause> clauses(1);
-    clauses.back().position = Current().position;
-    ++mAt;
-    clauses.back().condition = ParseExpression();
-    Expect(TokenKind::Then, CompileError::ExpectedThen);
-    std::size_t ahead = 0;
-    while (Ahead(ahead).kind == TokenKind::Colon) {
-        ++ahead;
-    }
-    const TokenKind behind = Ahead(ahead).kind;
-    if (behind != TokenKind::EndOfLine && behind != TokenKind::End) {
-        clauses.back().body = ParseSingleLine();
-        if (Accept(TokenKind::Else)) {
-            Clause& otherwise = clauses.emplace_back();
-            otherwise.position = Current().position;
-            otherwise.body = ParseSingleLine();
-        }
-        if (Is(TokenKind::EndWord) && Ahead(1).kind == TokenKind::If) mAt += 2;
-        statement->clauses = Keep(clauses);
-        return statement;
-    }
-    clauses.back().body = ParseBlock();
-    while (Is(TokenKind::ElseIf)) {
-        Clause& clause = clauses.emplace_back();
-        clause.position = Current().position;
-        ++mAt;
-        clause.condition = ParseExpression();
-        Expect(TokenKind::Then, CompileError::ExpectedThen);
-        clause.body = ParseBlock();
-    }
-    if (Is(TokenKind::Else)) {
-        Clause& otherwise = clauses.emplace_back();
-        otherwise.position = Current().position;
-        ++mAt;
-        otherwise.body = ParseBlock();
-    }
-    statement->end = Current().position;
-    ParseEnd(TokenKind::If, CompileError::ExpectedIf);
-    statement->clauses = Keep(clauses);
-    return statement;
-}
-
-// The statements of an If on one line: all that its colons join.
-Block Parser::ParseSingleLine() {
-    std::vector<Statement*> list;
-    for (;;) {
-        while (Accept(TokenKind::Colon)) {
-        }
-        if (IsEndOfStatement()) return Keep(list);
-        ParseStatementInto(list);
-        ExpectEndOfStatement();
-    }
-}
-
-void Parser::ParseEnd(TokenKind word, CompileError error) {
-    Expect(TokenKind::EndWord, CompileError::ExpectedEnd);
-    Expect(word, error);
-}
-
-Statement* Parser::ParseSelect() {
-    Statement* select = NewStatement(StatementKind::Select);
-    ++mAt;
-    Expect(TokenKind::Case, CompileError::ExpectedCase);
-    select->value = ParseExpression();
-    ExpectEndOfStatement();
-    SkipSeparators();
-    std::vector<Clause> clauses;
-    while (Is(TokenKind::Case)) {
-        Clause& clause = clauses.emplace_back();
-        clause.position = Current().position;
-        ++mAt;
-        const bool isElse = Accept(TokenKind::Else);
-        std::vector<Expression*> items;
-        while (!isElse) {
-            items.push_back(ParseExpression());
-            if (!Accept(TokenKind::Comma)) break;
-        }
-        if (Is(TokenKind::To)) FailHere(CompileError::ExpectedEndOfStatement);
-        clause.items = Keep(items);
-        clause.body = ParseBlock();
-        if (isElse) break;
-    }
-    select->end = Current().position;
-    ParseEnd(TokenKind::Select, CompileError::ExpectedSelect);
-    select->clauses = Keep(clauses);
-    return select;
-}
-
-Statement* Parser::ParseFor() {
-    Statement* statement = NewStatement(StatementKind::For);
-    ++mAt;
-    if (Is(TokenKind::Each)) return ParseForEach(statement);
-    statement->target = ParsePostfix(nullptr, false);
-    if (statement->target->kind != ExpressionKind::Name) {
-        Fail(CompileError::InvalidForVariable, statement->target->position);
-    }
-    NoteTarget(*statement->target);
-    Expect(TokenKind::Equal, CompileError::ExpectedEqual);
-    statement->value = ParseExpression();
-    Expect(TokenKind::To, CompileError::ExpectedTo);
-    statement->limit = ParseExpression();
-    if (AcceptWord(u"step")) statement->step = ParseExpression();
-    ExpectEndOfStatement();
-    ++mScope->forLoops;
-    statement->body = ParseBlock();
-    --mScope->forLoops;
-    statement->end = Current().position;
-    Expect(TokenKind::Next, CompileError::ExpectedNext);
-    return statement;
-}
-
-Statement* Parser::ParseForEach(Statement* statement) {
-    ++mAt;
-    statement->kind = StatementKind::ForEach;
-    statement->target = ParsePostfix(nullptr, false);
-    if (statement->target->kind != ExpressionKind::Name) {
-        Fail(CompileError::InvalidForVariable, statement->target->position);
-    }
-    NoteTarget(*statement->target);
-    Expect(TokenKind::In, CompileError::ExpectedIn);
-    statement->value = ParseExpression();
-    ExpectEndOfStatement();
-    ++mScope->forLoops;
-    statement->body = ParseBlock();
-    --mScope->forLoops;
-    statement->end = Current().position;
-    Expect(TokenKind::Next, CompileError::ExpectedNext);
-    return statement;
-}
-
-Statement* Parser::ParseDo() {
-    Statement* loop = NewStatement(StatementKind::Do);
-    ++mAt;
-    if (Is(TokenKind::While) || Is(TokenKind::Until)) {
-        loop->until = Is(TokenKind::Until);
-        ++mAt;
-        loop->value = ParseExpression();
-        ExpectEndOfStatement();
-    } else if (!IsEndOfStatement()) {
-        FailHere(CompileError::ExpectedWhileUntilOrEnd);
-    }
-    ++mScope->loops;
-    loop->body = ParseBlock();
-    --mScope->loops;
-    loop->end = Current().position;
-    Expect(TokenKind::Loop, CompileError::ExpectedLoop);
-    if (!loop->value && (Is(TokenKind::While) || Is(TokenKind::Until))) {
-        loop->until = Is(TokenKind::Until);
-        loop->flag = true;
-        ++mAt;
-        loop->value = ParseExpression();
-    }
-    return loop;
-}
-
-Statement* Parser::ParseWhile() {
-    Statement* loop = NewStatement(StatementKind::Do);
-    ++mAt;
-    loop->word = TokenKind::While;
-    loop->value = ParseExpression();
-    ExpectEndOfStatement();
-    loop->body = ParseBlock();
-    loop->end = Current().position;
-    Expect(TokenKind::Wend, CompileError::ExpectedWend);
-    return loop;
-}
-
-Statement* Parser::ParseWith() {
-    Statement* with = NewStatement(StatementKind::With);
-    ++mAt;
-    with->value = ParseExpression();
-    ExpectEndOfStatement();
-    with->body = ParseBlock();
-    with->end = Current().position;
-    ParseEnd(TokenKind::With, CompileError::ExpectedWith);
-    return with;
 }
 
 Statement* Parser::ParseExit() {

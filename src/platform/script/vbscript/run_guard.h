@@ -38,8 +38,15 @@ public:
     static void CheckTime() {
         if (IsTimeOver()) throw ScriptTimeout();
     }
+    /// Counts a step of the compiler, some nanoseconds of work, and checks the time every some thousand of them.
+    /// @throws ScriptTimeout
+    static void Step() {
+        if (++sSteps % kStepsBetweenChecks == 0) CheckTime();
+    }
 
 private:
+    static constexpr unsigned kStepsBetweenChecks = 4096;
+    static inline unsigned sSteps = 0;
     static inline int sDepth = 0;
     static inline const char* sStackStart = nullptr;
 

@@ -28,9 +28,9 @@ Else
 End If
 If "True" Then Echo "text"                  ' expect: text
 If 0.5 Then Echo "half"                     ' expect: half
-If True Then :
-    Echo "block"                            ' expect: block
-End If
+If False Then :
+Echo "no block"                             ' expect: no block
+If False Then : Else : Echo "colons"        ' expect: colons
 
 Function Name(x)
     Select Case x
@@ -71,6 +71,18 @@ Case Else
     Case 2: Echo "nested"                   ' expect: nested
     End Select
 End Select
+Select Case 3
+    Case "test": Echo "no"
+    Case "3": Echo "text"                   ' expect: text
+End Select
+Function Kind(x)
+    Select Case x
+        Case 1: Kind = "one"
+        Case -2: Kind = "minus two"
+        Case Else: Kind = "else"
+    End Select
+End Function
+Echo Kind("abc"), Kind(" 1.0"), Kind("-2"), Kind(-2)   ' expect: else one else minus two
 v = "5"
 Select Case v
     Case 5: Echo "numeric"                  ' expect: numeric

@@ -18,6 +18,8 @@ Echo 1 <> 2, 1 >< 2, 1 <= 1, 1 =< 1, 2 >= 1, 2 => 1   ' expect: True True True T
 
 On Error Resume Next
 r = "never": r = ("abc" = 5): Echo Err.Number, r   ' expect: 13 never
+Err.Clear: r = ("abc" = -5): Echo Err.Number, r   ' expect: 0 False
+Err.Clear: r = (text5 = -5): Echo Err.Number, r   ' expect: 0 False
 Err.Clear: r = (text5 = Array(1)): Echo Err.Number   ' expect: 13
 
 ' Objects compare by their default value; Is compares the objects.

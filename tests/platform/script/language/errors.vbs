@@ -52,8 +52,12 @@ Do
     n = n + 1
 Loop While Boom()
 Echo n                                      ' expect: 3
-Select Case Boom()
-    Case 5: Echo "first"                    ' expect: first
+Select Case Boom()                          ' no Case, and on behind End Select
+    Case 5: Echo "first"
+    Case Else: Echo "else"
+End Select
+Select Case 5
+    Case Boom(): Echo "item"                ' expect: item
     Case Else: Echo "else"
 End Select
 For i = Boom() To 3
@@ -90,6 +94,11 @@ Err.Clear: Err.Raise vbObjectError + 5, "src", "desc", "help.hlp", 42
 Echo Err.Number, Err.Source, Err.Description, Err.HelpFile, Err.HelpContext   ' expect: -2147221499 src desc help.hlp 42
 Err.Clear: Echo Err.HelpFile = "", Err.HelpContext   ' expect: True 0
 Err.Raise 0: Echo Err.Number                ' expect: 5
+Err.Clear: Err.Raise 65535: Echo Err.Number ' expect: 65535
+Err.Clear: Err.Raise 65536: Echo Err.Number ' expect: 5
+Err.Clear: Err.Raise 1, "s", "d": Err.Raise 5   ' what was not cleared stays
+Echo Err.Number, Err.Source, Err.Description    ' expect: 5 s d
+Err.Clear: Err.Raise 5: Echo Err.Source, Err.Description   ' expect: Microsoft VBScript runtime error Invalid procedure call or argument
 Err.Clear: Err.Raise: Echo Err.Number        ' expect: 450
 Err.Number = 77: Err.Description = "own": Echo Err, Err.Description   ' expect: 77 own
 If Err Then Echo "has error"                ' expect: has error

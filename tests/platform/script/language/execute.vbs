@@ -96,3 +96,19 @@ Set table = CreateObject("Scripting.Dictionary")
 Set table("sq") = f: Echo table("sq")(5)    ' expect: 25
 On Error Resume Next
 Set g = GetRef("nothing like it"): Echo Err.Number   ' expect: 5
+
+' What a text of Execute declares in a procedure is the procedure's, for each of its calls on its own.
+Sub Grow(x): x = x + 10: End Sub
+ExecuteGlobal "Option Explicit" & vbLf & _
+    "Sub Declares(n)" & vbLf & _
+    "If n = 0 Then Exit Sub" & vbLf & _
+    "Execute ""Dim f, cells(2), d(): f = 1: Function Triple(x): Triple = 3 * x: End Function""" & vbLf & _
+    "f = f + 1: Grow f: Declares n - 1" & vbLf & _
+    "cells(1) = 5: cells(2) = Array(1): cells(2)(0) = 6: ReDim d(4)" & vbLf & _
+    "Echo n, f, cells(1), cells(2)(0), UBound(d), Triple(f)" & vbLf & _
+    "End Sub"
+Declares 2                                  ' expect: 1 12 5 6 4 36
+                                            ' expect: 2 12 5 6 4 36
+On Error Resume Next
+Echo f(3)                                   ' expect: 9
+Err.Clear: ExecuteGlobal "Option Explicit: d = cells": Echo Err.Number   ' expect: 500

@@ -25,6 +25,16 @@ Echo Unescape(Escape("a b&ü€"))                            ' expect: a b&ü�
 Echo Len(vbCrLf & vbTab & vbNullString & vbNullChar)       ' expect: 4
 Echo LenB("ab") & AscB(MidB("ab", 3, 1))                   ' expect: 498
 
+' A text may end with half a character.
+Dim a, b, s3, i
+a = ChrB(65): Echo LenB(a) & Len(a) & AscB(a) & (a = "") & (a = ChrB(65)) & (a = ChrB(66))   ' expect: 1065FalseTrueFalse
+b = a & ChrB(0) & ChrB(66): Echo LenB(b) & Left(b, 1) & AscB(RightB(b, 1))   ' expect: 3A66
+b = b & ChrB(0): Echo LenB(b) & b                          ' expect: 4AB
+Echo LenB(LeftB("ab", 3)) & LenB(MidB("ab", 2, 1)) & LenB(RightB("ab", 3)) & MidB("ab", 1, 2)   ' expect: 313a
+Echo InStrB("ab", ChrB(98)) & InStrB(2, "ab", ChrB(0)) & InStrB("ab", "b")   ' expect: 323
+s3 = "": For i = 1 To 3: s3 = s3 & ChrB(48 + i): Next: Echo LenB(s3) & AscB(MidB(s3, 3, 1))   ' expect: 351
+Echo vbDatabaseCompare                                     ' expect: 2
+
 ' Words, counted and turned around.
 n = 0
 out = ""

@@ -54,11 +54,11 @@ Leave
 
 ' For Each.
 s = "": For Each x In Array(1, "b", 3): s = s & x: Next: Echo s   ' expect: 1b3
-Echo x                                      ' expect: 3
+Echo IsEmpty(x)                             ' expect: True
 Dim grid(1, 1)
 grid(0, 0) = 1: grid(1, 0) = 2: grid(0, 1) = 3: grid(1, 1) = 4
 s = "": For Each x In grid: s = s & x: Next: Echo s   ' expect: 1234
-a = Array(1, 2): For Each x In a: x = 9: a = Array(): Next: Echo x   ' expect: 9
+a = Array(1, 2): For Each x In a: x = 9: a = Array(): s = x: Next: Echo s   ' expect: 9
 For Each x In Array(): Echo "never": Next
 Set dict = CreateObject("Scripting.Dictionary")
 dict("k") = 1: dict("l") = 2
@@ -68,11 +68,12 @@ For Each x In Array(1, 2, 3): If x = 2 Then Exit For
 Next
 Echo x                                      ' expect: 2
 On Error Resume Next
+x = "kept"
 For Each x In 5: Echo "body": Next          ' expect: body
-Echo Err.Number                             ' expect: 92
+Echo Err.Number, x                          ' expect: 451 kept
 Err.Clear
 Set plain = New Thing
 For Each x In plain: Next
-Echo Err.Number                             ' expect: 92
+Echo Err.Number                             ' expect: 451
 Class Thing
 End Class

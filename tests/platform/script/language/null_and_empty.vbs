@@ -21,7 +21,8 @@ Select Case Null
 End Select
 
 Dim e
-Echo e + 1, 5 * e, e & "x", e = 0, e = "", Not e, TypeName(e + e), TypeName(Not e)   ' expect: 1 0 x True True -1 Integer Integer
+Echo e + 1, 5 * e, e & "x", e = 0, e = "", Not e, TypeName(e + e), TypeName(Not e)   ' expect: 1 0 x True True -1 Integer Long
+Echo TypeName(e And 1), TypeName(True And e), TypeName(e Or e), TypeName(CByte(1) Xor e), True Or e   ' expect: Long Long Long Long -1
 Echo IsEmpty(e), IsEmpty(0), IsEmpty(""), IsEmpty(Empty)   ' expect: True False False True
 If e Then Echo "then" Else Echo "else"      ' expect: else
 

@@ -39,6 +39,10 @@ With nothing1
     Echo Err.Number                         ' expect: 91
 End With
 Err.Clear
+x = .X: Echo Err.Number                     ' expect: 505
+Err.Clear: .X = 1: Echo Err.Number          ' expect: 505
+Err.Clear: .Move 1, .Y: Echo Err.Number     ' expect: 505
+Err.Clear
 With 5
     Echo Err.Number                         ' expect: 424
 End With

@@ -26,6 +26,7 @@ constexpr std::array kNumbers = {
     // Comparison
     Number{u"vbBinaryCompare", 0},
     Number{u"vbTextCompare", 1},
+    Number{u"vbDatabaseCompare", 2},
     // Dates
     Number{u"vbSunday", 1},
     Number{u"vbMonday", 2},

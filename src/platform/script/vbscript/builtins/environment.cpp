@@ -54,7 +54,7 @@ Variant Rgb(BuiltinContext&, std::span<Variant> arguments) {
 /// Values are never pictures here, so no file holds one.
 Variant LoadPicture(BuiltinContext&, std::span<Variant>) {
     constexpr std::int32_t kInvalidPicture = 481;
-    throw RuntimeError(kInvalidPicture, Text(), ErrorText(kInvalidPicture));
+    throw RuntimeError(kInvalidPicture);
 }
 
 constexpr std::array kBuiltins = {

@@ -40,7 +40,7 @@ PCRE2_SPTR16 CharactersOf(std::u16string_view text) noexcept {
         case PCRE2_ERROR_TOO_MANY_CAPTURES:
             Raise(ErrorNumber::OutOfMemory);
         default:
-            throw RuntimeError(kSyntaxError, Text(), ErrorText(kSyntaxError));
+            throw RuntimeError(kSyntaxError);
     }
 }
 

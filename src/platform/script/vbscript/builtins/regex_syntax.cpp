@@ -17,7 +17,7 @@ constexpr std::int32_t kParenthesisExpected = 5020;
 constexpr std::int32_t kInvalidRange = 5021;
 
 [[noreturn]] void RaiseSyntax(std::int32_t number) {
-    throw RuntimeError(number, Text(), ErrorText(number));
+    throw RuntimeError(number);
 }
 
 // What the library can compile at all; a longer pattern fails there in any case.

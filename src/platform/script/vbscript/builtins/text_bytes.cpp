@@ -1,5 +1,7 @@
 #include <algorithm>
 #include <array>
+#include <cstdint>
+#include <vector>
 
 #include "platform/functions/arguments.h"
 #include "platform/functions/pace.h"
@@ -9,40 +11,33 @@ namespace ov::vbscript {
 
 namespace {
 
-// A text as bytes: each character is two, the lower one first. A text of an odd number of bytes cannot be; one byte of
-// 0 fills it up.
-
-std::uint8_t ByteOf(std::u16string_view text, std::size_t offset) noexcept {
-    const unsigned character = text[offset / 2];
-    return static_cast<std::uint8_t>(offset % 2 == 0 ? character & 0xFF : character >> 8);
-}
+// A text as bytes: each character is two, the lower one first; a text may end with half a character.
 
 Text BytePart(const Text& text, std::size_t offset, std::size_t count) {
-    const std::size_t size = text.size() * 2;
+    const std::size_t size = text.ByteCount();
     count = offset < size ? std::min(count, size - offset) : 0;
-    char16_t* to = nullptr;
-    const Text part = Text::ForOverwrite((count + 1) / 2, to);
-    for (std::size_t i = 0; i < count; i += 2) {
-        const unsigned low = ByteOf(text, offset + i);
-        const unsigned high = i + 1 < count ? ByteOf(text, offset + i + 1) : 0u;
-        *to++ = static_cast<char16_t>(low | high << 8);
+    if (offset == 0 && count == size) return text;
+    std::vector<std::uint8_t> bytes(count);
+    for (std::size_t i = 0; i < count; ++i) {
+        bytes[i] = text.ByteAt(offset + i);
     }
-    return part;
+    return Text::FromBytes(bytes);
 }
 
 Variant AscB(BuiltinContext&, std::span<Variant> arguments) {
     const Text text = TextAt(arguments, 0);
-    if (text.empty()) Raise(ErrorNumber::InvalidProcedureCall);
-    return static_cast<std::int16_t>(ByteOf(text, 0));
+    if (text.ByteCount() == 0) Raise(ErrorNumber::InvalidProcedureCall);
+    return static_cast<std::int16_t>(text.ByteAt(0));
 }
 
 Variant ChrB(BuiltinContext&, std::span<Variant> arguments) {
-    return Text::Repeat(1, ToByte(arguments[0]));
+    const std::uint8_t byte = ToByte(arguments[0]);
+    return Text::FromBytes({&byte, 1});
 }
 
 Variant LenB(BuiltinContext&, std::span<Variant> arguments) {
     if (IsNullAt(arguments, 0)) return Variant::Null();
-    return static_cast<std::int32_t>(TextAt(arguments, 0).size() * 2);
+    return static_cast<std::int32_t>(TextAt(arguments, 0).ByteCount());
 }
 
 Variant LeftB(BuiltinContext&, std::span<Variant> arguments) {
@@ -53,8 +48,8 @@ Variant LeftB(BuiltinContext&, std::span<Variant> arguments) {
 Variant RightB(BuiltinContext&, std::span<Variant> arguments) {
     if (IsNullAt(arguments, 0)) return Variant::Null();
     const Text text = TextAt(arguments, 0);
-    const std::size_t count = std::min(CountAt(arguments, 1), text.size() * 2);
-    return BytePart(text, text.size() * 2 - count, count);
+    const std::size_t count = std::min(CountAt(arguments, 1), text.ByteCount());
+    return BytePart(text, text.ByteCount() - count, count);
 }
 
 Variant MidB(BuiltinContext&, std::span<Variant> arguments) {
@@ -64,15 +59,16 @@ Variant MidB(BuiltinContext&, std::span<Variant> arguments) {
     return BytePart(TextAt(arguments, 0), offset, count);
 }
 
-bool BytesStandAt(std::u16string_view text, std::size_t offset, std::u16string_view wanted, TextMode mode, Pace& pace) {
+bool BytesStandAt(const Text& text, std::size_t offset, const Text& wanted, TextMode mode, Pace& pace) {
+    const std::size_t count = wanted.ByteCount();
     std::size_t same = 0;
-    for (; same < wanted.size() * 2; ++same) {
-        const char16_t a = ByteOf(text, offset + same);
-        const char16_t b = ByteOf(wanted, same);
+    for (; same < count; ++same) {
+        const char16_t a = text.ByteAt(offset + same);
+        const char16_t b = wanted.ByteAt(same);
         if (mode == TextMode::Binary ? a != b : FoldCase(a) != FoldCase(b)) break;
     }
     pace.Step(same + 1);
-    return same == wanted.size() * 2;
+    return same == count;
 }
 
 Variant InStrB(BuiltinContext& context, std::span<Variant> arguments) {
@@ -84,7 +80,7 @@ Variant InStrB(BuiltinContext& context, std::span<Variant> arguments) {
     const Text text = TextAt(arguments, 0);
     const Text wanted = TextAt(arguments, 1);
     Pace pace(context);
-    for (std::size_t at = offset; at < text.size() * 2 && at + wanted.size() * 2 <= text.size() * 2; ++at) {
+    for (std::size_t at = offset; at < text.ByteCount() && at + wanted.ByteCount() <= text.ByteCount(); ++at) {
         if (BytesStandAt(text, at, wanted, mode, pace)) return static_cast<std::int32_t>(at + 1);
     }
     return 0;

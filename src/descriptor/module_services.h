@@ -9,6 +9,7 @@
 #include "descriptor/enum_cache.h"
 #include "platform/automation/interface_info.h"
 #include "platform/store/store.h"
+#include "record/rule_record.h"
 
 namespace ov {
 
@@ -37,6 +38,10 @@ public:
     /// The open database; Nothing for a module that was unloaded.
     virtual Ref<Database> GetDB() = 0;
     virtual Ref<CBase_Environment> Environment() = 0;
+    /// The descriptor row, for reading. `desc` gives it to hosts, who may change it.
+    virtual Collection* Row() { return nullptr; }
+    /// What is known of the rules of the tree that stands; Nothing where nobody keeps it.
+    virtual std::shared_ptr<RuleRecord> Record() { return nullptr; }
     virtual std::shared_ptr<CEnumCacheItem> EnumCacheGet(const Text& key) = 0;
     /// The first item under a key stays; a second one is logged.
     virtual void EnumCacheSet(const Text& key, const std::shared_ptr<CEnumCacheItem>& item) = 0;

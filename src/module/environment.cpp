@@ -1,6 +1,7 @@
 #include "module/environment.h"
 
 #include "platform/automation/operators.h"
+#include "record/recording.h"
 #include "support/diagnostics.h"
 
 namespace ov {
@@ -25,6 +26,12 @@ Environment::Environment() {
 
 Variant Environment::get_Variable(const Text& key) {
     const Variant* value = mValues->Find(key);
+    if (Recording::IsUnderWay()) {
+        if (const std::shared_ptr<RuleRecord> record = mRecord.lock()) {
+            Recording::NoteRead(record->VariableInput(key));
+        }
+        if (value && value->IsObject()) Traces::Leave(Unrepeatable::Object);
+    }
     return value ? *value : Variant();
 }
 
@@ -39,6 +46,8 @@ void Environment::let_VariableNoEvent(const Text& key, const Variant& value) {
 
 // Answers whether the variable is new or has another value now.
 bool Environment::Store(const Text& key, const Variant& value) {
+    Traces::Leave(Unrepeatable::Change);
+    if (const std::shared_ptr<RuleRecord> record = mRecord.lock()) record->RaiseVariable(key);
     if (mValues->TryAdd(key, value)) {
         mKeys.push_back(key);
         return true;
@@ -66,6 +75,7 @@ void Environment::CopyContentsTo(CBase_Environment* env) {
 void Environment::Empty() {
     mKeys.clear();
     mValues->Clear();
+    if (const std::shared_ptr<RuleRecord> record = mRecord.lock()) record->ForgetAll();
 }
 
 }  // namespace ov

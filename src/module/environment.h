@@ -2,9 +2,12 @@
 /// The environment of a module: a store of values that belong to no device parameter.
 #pragma once
 
+#include <memory>
+
 #include "contract/environment.h"
 #include "platform/automation/collection.h"
 #include "platform/automation/events.h"
+#include "record/rule_record.h"
 
 namespace ov {
 
@@ -26,12 +29,15 @@ public:
 
     /// Drops all variables, without an event.
     void Empty();
+    /// The rules of this record's tree read the variables.
+    void KeepRecord(const std::shared_ptr<RuleRecord>& record) { mRecord = record; }
 
 private:
     bool Store(const Text& key, const Variant& value);
 
     Ref<Collection> mValues = MakeObject<Collection>();
     std::vector<Text> mKeys;
+    std::weak_ptr<RuleRecord> mRecord;
     EventSinks<CBase_EnvironmentEvents> mSinks;
 };
 

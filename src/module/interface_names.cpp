@@ -9,6 +9,7 @@
 #include "contract/collections.h"
 #include "contract/default_interfaces.h"
 #include "contract/environment.h"
+#include "contract/explain.h"
 #include "contract/group.h"
 #include "contract/internal.h"
 #include "contract/module.h"
@@ -43,7 +44,7 @@ constexpr auto kInterfaces = EntriesOf<
     CBase_ParameterEnumS, CBase_ParameterString, CBase_ParameterENVString, CBase_GuiModuleCollection,
     CBase_GuiChannelCollection, CBase_GuiBlockCollection, CBase_GuiGroupCollection, CBase_GuiParameterCollection,
     CBase_SpecModuleCollection, CBase_SpecChannelCollection, CBase_SpecGroupCollection, CBase_SpecParameterCollection,
-    ICollection, IEventSource>();
+    IExplain_Parameter, IExplain_Rule, IExplain_Read, ICollection, IEventSource>();
 
 bool SameName(std::u16string_view given, std::string_view name) {
     return EqualNoCase(given, Text::FromAscii(name)) || EqualNoCase(given, Text::FromAscii(name.substr(1)));

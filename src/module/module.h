@@ -60,7 +60,10 @@ public:
 
     // CBase_Module
     Ref<Database> get_mDB() override { return mDB; }
-    void set_mDB(Database* value) override { mDB = value; }
+    void set_mDB(Database* value) override {
+        mDB = value;
+        mRecord->ForgetAll();
+    }
     Text GetDllPath() override;
     Variant GetDBVersion() override;
     Ref<IBase_GuiModule> Gui() override { return this; }
@@ -102,7 +105,7 @@ public:
     void RegisterImExport(ISpec_ImExport* cb) override { mImExport = cb; }
     bool Import(Variant& importdata, Variant& sourceId) override;
     bool Export(Variant& exportdata, Variant& sourceId) override;
-    Ref<IDispatch> desc() override { return mDesc ? mDesc->Dispatch() : nullptr; }
+    Ref<IDispatch> desc() override;
     tBaseFdtDeviceTypeInfo fdtDeviceTypeInformation() override { return mFdtInfo; }
     Ref<CBase_Environment> Environment() override { return mEnvironment; }
     Text ParameterKindToString(eParameterKind kind) override;
@@ -113,6 +116,8 @@ public:
     Text GetTranslatedText(std::int32_t index) override;
     Text GetTranslatedFile(std::int32_t index) override;
     std::int32_t GetModuleTypeIdx() override { return mModuleTypeIdx; }
+    std::shared_ptr<RuleRecord> Record() override { return mRecord; }
+    Collection* Row() override;
     Ref<Database> GetDB() override { return mDB; }
     std::shared_ptr<CEnumCacheItem> EnumCacheGet(const Text& key) override { return mEnumCache.Get(key); }
     void EnumCacheSet(const Text& key, const std::shared_ptr<CEnumCacheItem>& item) override;
@@ -126,7 +131,7 @@ public:
     void SetScriptAccess(bool access) noexcept { mScriptAccess = access; }
     /// One pass over all channels. @returns true if a parameter that scripts have read was reconfigured
     bool UpdateDependenciesChannels();
-    bool CheckConsistencyAll();
+    void CheckConsistencyAll();
 
     // What the tree uses.
     /// A text that may be a static script, resolved by the first channel; a literal as it stands.
@@ -159,6 +164,7 @@ private:
     void ReadBusCategories();
     void ReadSupportedLanguages();
     void DropTree();
+    void BeginRecord();
     bool LoadChannels();
     void ReadChannels();
     void TearDownChannels();
@@ -178,6 +184,7 @@ private:
     Ref<TypedList<IBase_GuiChannel>> LoadedChildren() override { return mGuiChannels; }
     void PassOn(ParameterEvent event, IBase_GuiParameter* p) override;
 
+    std::shared_ptr<RuleRecord> mRecord;  // of the tree that stands, or of the next one
     Ref<Database> mDB;
     Ref<TypedList<IBase_SpecChannel>> mSpecChannels;  // Nothing until the tree is built
     Ref<TypedList<IBase_GuiChannel>> mGuiChannels;    // a view of the same list

@@ -30,6 +30,16 @@ std::vector<Text> IdsOfPath(std::u16string_view path) {
 
 }  // namespace
 
+Ref<IDispatch> Module::desc() {
+    mRecord->OpenRows();
+    return mDesc ? mDesc->Dispatch() : nullptr;
+}
+
+Collection* Module::Row() {
+    if (mRecord->RowsAreOpen()) Traces::Leave(Unrepeatable::Object);
+    return mDesc.get();
+}
+
 Text Module::name() {
     return mNameTextIdx >= 1 ? GetTranslatedText(mNameTextIdx) : mName;
 }
@@ -216,15 +226,13 @@ void Module::CopyValues(TypedList<IBase_SpecChannel>& channels, Module& clone) {
     });
 }
 
-bool Module::CheckConsistencyAll() {
-    bool all = true;
+void Module::CheckConsistencyAll() {
     if (const auto channels = mSpecChannels) {
         channels->ForEach([&](IBase_SpecChannel& spec) {
-            if (auto* channel = dynamic_cast<Channel*>(&spec)) all = channel->CheckConsistencyAll() && all;
+            if (auto* channel = dynamic_cast<Channel*>(&spec)) channel->CheckConsistencyAll();
             return true;
         });
     }
-    return all;
 }
 
 void Module::CheckConsistency() {

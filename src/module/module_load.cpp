@@ -55,6 +55,7 @@ Module::Module() {
     // The switches come first: a new environment tells whether debugging is on.
     if (!GlobalDiagnostics().initialised) InitDebug(DebugMode::FromRegistry);
     mEnvironment = MakeObject<ov::Environment>();
+    BeginRecord();
     mEnvironmentSink = MakeObject<EnvironmentSink>(*this);
     mEnvironmentCookie = mEnvironment->Advise(mEnvironmentSink->Dispatch());
 }
@@ -148,6 +149,7 @@ bool Module::SetLanguage(std::int32_t languageId) {
     if (!supported) return false;
     mLanguage = language;
     const Ref<Module> alive = this;
+    mRecord->ForgetAll();
     try {
         mModuleCallbacks.Tell([this](IBase_CallbackModule& listener) { listener.OnLanguageChanged(this); });
         if (const Ref<Station> station = mStation) station->OnLanguageChanged(this);
@@ -161,6 +163,7 @@ bool Module::SetLanguage(std::int32_t languageId) {
 bool Module::Load(const Text& moduletype, const std::optional<Text>& moduleid, const std::optional<Text>& modulename) {
     const Ref<Module> alive = this;
     GlobalDiagnostics().debugCountEval = 0;
+    ++GlobalDiagnostics().countBegun;
     mLoadFailure = Text();
     OpenDatabaseOfSourcePath();
     if (!mDB) {
@@ -239,10 +242,17 @@ void Module::TearDownChannels() {
     if (mSpecChannels != channels) return;  // loaded again meanwhile
     mSpecChannels = nullptr;
     mGuiChannels = nullptr;
+    BeginRecord();
+}
+
+void Module::BeginRecord() {
+    mRecord = std::make_shared<RuleRecord>();
+    mEnvironment->KeepRecord(mRecord);
 }
 
 bool Module::LoadChannels() {
     if (mSpecChannels) return true;
+    Traces::Leave(Unrepeatable::Load);
     try {
         ReadChannels();
         return true;
@@ -257,6 +267,8 @@ void Module::ReadChannels() {
     mSpecChannels = MakeObject<TypedList<IBase_SpecChannel>>();
     mGuiChannels = MakeObject<TypedList<IBase_GuiChannel>>();
     mGuiChannels->SetUnderlying(mSpecChannels->Underlying());
+    mSpecChannels->KeepRecord(mRecord);
+    mGuiChannels->KeepRecord(mRecord);
     if (!mDB) Raise(ErrorNumber::ObjectVariableNotSet);
     tBaseDescriptorDB desc;
     desc.db = mDB;
@@ -267,7 +279,7 @@ void Module::ReadChannels() {
         const Ref<Channel> channel = MakeObject<Channel>();
         channel->Config(this, desc);
         mMadeChannels.push_back(channel);
-        mSpecChannels->Add(channel.get(), ToText(channel->Id()));
+        mSpecChannels->Enter(channel.get(), ToText(channel->Id()));
     }
     desc.rs->Close();
 }

@@ -72,10 +72,8 @@ bool Station::ReconfigurationPass() {
     return any;
 }
 
-bool Station::CheckConsistencyAll() {
-    bool all = true;
-    ForEachModule([&](Module& module) { all = module.CheckConsistencyAll() && all; });
-    return all;
+void Station::CheckConsistencyAll() {
+    ForEachModule([](Module& module) { module.CheckConsistencyAll(); });
 }
 
 void Station::UpdateDependencies() {

@@ -40,7 +40,7 @@ public:
     /// Sweeps the rules of all modules until nothing changes, then checks all parameters.
     void UpdateDependencies();
     bool scriptAccess() const noexcept { return false; }  // nothing stands above a station
-    bool CheckConsistencyAll();
+    void CheckConsistencyAll();
 
     // CBase_Station
     Variant get_id() override { return mId; }

@@ -36,6 +36,7 @@ void EnumerationParameter<T, Base>::TakeListedState() {
     using enum eParameterValueExt;
     if (this->mValueExt == eParamValueExtNormalValue || this->mValueExt == eParamValueExtNoEnum) {
         this->mValueExt = StateOf(this->mValue);
+        this->mTrace.NoteChange();
     }
 }
 
@@ -51,7 +52,7 @@ void EnumerationParameter<T, Base>::SetMyValueToDefault() {
     Variant value;
     T held = this->DefaultFromLimits();
     try {
-        value = this->EvaluatedCell(u"DefaultValue", ValueType<T>::kType);
+        value = this->EvaluatedCell(RuleColumn::DefaultValue, ValueType<T>::kType);
         if (!value.IsNull()) {
             held = ValueType<T>::From(value);
         } else if (this->mList.ValueCount() == 0) {
@@ -84,6 +85,7 @@ Text EnumerationParameter<T, Base>::DisplayText(const T& value, Purpose purpose)
 
 template <class T, class Base>
 void EnumerationParameter<T, Base>::ReloadCollections() {
+    this->mTrace.NoteChange();
     this->mList.Clear();
     try {
         const Ref<ParameterOwner> owner = this->Owner();

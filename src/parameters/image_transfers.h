@@ -48,6 +48,7 @@ private:
     bool Transfer(Image* image, std::optional<std::int32_t> startByte, std::optional<std::int32_t> bitlength,
                   std::optional<std::int32_t> startBit, std::optional<eByteOrder> byteOrder) {
         constexpr bool kIsImport = std::is_const_v<Image>;
+        if constexpr (!kIsImport) this->mTrace.NoteRead();
         try {
             return static_cast<Self*>(this)->MoveValue(
                 image, ImagePlace{startByte.value_or(0), bitlength.value_or(0), startBit.value_or(0),

@@ -24,6 +24,7 @@
 #include <variant>
 
 #include "contract/callbacks.h"
+#include "contract/explain.h"
 #include "contract/group.h"
 #include "contract/internal.h"
 #include "contract/parameter.h"
@@ -33,6 +34,7 @@
 #include "parameters/value_type.h"
 #include "platform/automation/callback_list.h"
 #include "platform/automation/errors.h"
+#include "record/recording.h"
 
 namespace ov {
 
@@ -67,7 +69,7 @@ protected:
 
 /// The part of a parameter that knows nothing of the value's type.
 class Parameter : public FacetGroup<GuiParameterFacet, SpecParameterFacet, Facet<IBase_SpecParameterStorage>,
-                                    Facet<IBase_Internal>> {
+                                    Facet<IBase_Internal>, Facet<IExplain_Parameter>> {
 public:
     // IBase_GuiParameter; `id`, `configState` and `scriptAccess` serve the other faces too.
     eEditType editType() override { return eEditType::standard; }
@@ -109,7 +111,7 @@ public:
     eParameterConfigState get_configState() override { return mConfigState; }
     void let_configState(eParameterConfigState value) override;
     bool get_scriptAccess() override { return mScriptAccess; }
-    void let_scriptAccess(bool value) override { mScriptAccess = value; }
+    void let_scriptAccess(bool value) override;
     bool CheckConsistency() override;
     bool Config(IDispatch* parent, const Variant& desc) override;
     std::int32_t DBindex() override { return mDBindex; }
@@ -117,15 +119,33 @@ public:
     void Unload() override;
     Variant CheckNeedForReConfig() override { return false; }
 
+    // IExplain_Parameter
+    Text path() override;
+    Text writtenBy() override;
+    Ref<ICollection> rules() override;
+    Ref<ICollection> readers() override;
+    Text refusal() override;
+    Text refusedBy() override;
+    Ref<ICollection> remedies() override;
+    /// The text of the row in force in a column that may hold a rule; "" for none.
+    Text RuleText(RuleColumn column);
+    /// The module, or Nothing where the chain up to it is not whole.
+    Ref<ModuleServices> ServingModule() const { return Module(); }
+
+    /// The place in the record of the tree.
+    RuleTrace& Trace() noexcept { return mTrace; }
+    ParamDependency& Ring() noexcept { return *mDependency; }
     /// What an import that failed leaves.
     virtual void TakeImportFault() { WriteState(eParameterValueExt::eParamValueExtErrorSettingValue); }
 
 protected:
-    Parameter() : mDependency(MakeObject<ParamDependency>()) {}
-    ~Parameter() = default;
+    Parameter() : mDependency(MakeObject<ParamDependency>()) { mDependency->Serve(&mTrace); }
+    ~Parameter();
 
     /// How far a parameter has come; decides whether a repeated configuration may put the default in.
     enum class LoadState : std::uint8_t { NeverConfigured, HoldsDefault, Written };
+    /// Who wrote the value.
+    enum class Writer : std::uint8_t { Default, User, Engine, Rule };
     /// What a text is made or read for, as log lines name it.
     enum class Purpose : std::uint8_t { Show, Write, Test, Format };
 
@@ -195,7 +215,7 @@ protected:
     /// The cell as text, numbers with "."; "" for Null.
     Text CellText(std::u16string_view column) const;
     /// A cell that may be a rule, evaluated.
-    Variant EvaluatedCell(const char16_t* column, VarType type);
+    Variant EvaluatedCell(RuleColumn column, VarType type);
 
     // Events. An event goes to the listeners in their order, then to the group; the first error ends the round.
     using Event = void (IBase_CallbackParameter::*)(IBase_GuiParameter*);
@@ -214,12 +234,15 @@ protected:
     /// `Property_valueExt`: the engine's way to say a state without a number.
     void WriteState(eParameterValueExt state);
     /// Makes @p passes False and adds @p reason to mErrorText.
-    void Refuse(bool& passes, const Text& reason);
-    /// Evaluates @p script, a limit's text, into @p limit unless it is settled, and answers whether there is a limit to
-    /// be tested. An empty @p settledMark leaves the limit of the type in force where the column says nothing.
-    /// A rule may let the parameter take another row: then its answer is of no use, and the new row's limit stands.
+    void Refuse(bool& passes, const Text& reason, std::optional<RuleColumn> by = {});
+    /// Evaluates @p script, the text of the limit @p column, into @p limit unless it is settled, and answers whether
+    /// there is a limit to be tested. An empty @p settledMark leaves the limit of the type in force where the column
+    /// says nothing. A rule may let the parameter take another row: then its answer is of no use, and the new row's
+    /// limit stands.
     template <class Limit>
-    bool SettleLimit(Text& script, Limit& limit, const Text& settledMark);
+    bool SettleLimit(RuleColumn column, Text& script, Limit& limit, const Text& settledMark);
+    /// The text becomes @p replacement unless it is a live script.
+    static void ForgetStatic(ParameterOwner& owner, Text& text, const Text& replacement);
     /// The rule of the column `consistency`; "" if there is none.
     Text ConsistencyRule() const;
     /// Evaluates a rule; a failure is logged and counts as False.
@@ -258,12 +281,13 @@ private:
 protected:
     Ref<Collection> mData;
     Ref<ParameterOwner> mGroup;
+    RuleTrace mTrace;                                 // left before the group is let go, which keeps the record
     IBase_CallbackParameter* mGroupEvents = nullptr;  // of mGroup, which keeps it
     Ref<ParamDependency> mDependency;
     Variant mId;
     Text mMinScript, mMaxScript;  // "" or the mark of the class once the limit is settled
     Text mUnit, mUnitScript;
-    Text mErrorText;  // why the last check or edit failed; for the eye of a debugger
+    Text mErrorText;  // why the last check or edit failed
     std::int32_t mDBindex = 0;
     std::int32_t mLanguage = 0;  // of mUnitScript
     // Last, so that they lie beside the value: the transfer of an image touches no more.
@@ -272,19 +296,24 @@ protected:
     LoadState mLoadState = LoadState::NeverConfigured;
     bool mConsistent = false;
     bool mUnknown = false;
+    Writer mWriter = Writer::Default;
+    std::optional<RuleColumn> mRefusedBy;  // the first limit or rule that mErrorText tells of
     RowFacts mFacts;
 };
 
 template <class Limit>
-bool Parameter::SettleLimit(Text& script, Limit& limit, const Text& settledMark) {
+bool Parameter::SettleLimit(RuleColumn column, Text& script, Limit& limit, const Text& settledMark) {
     if (!script.empty() && script != settledMark) {
         const Ref<ParameterOwner> owner = Owner();
         const Ref<Collection> row = mData;
         const Text text = script;  // a configuration that the rule causes must not change it meanwhile
-        const Limit value = ValueType<Limit>::FromScript(*owner, text, mId);
+        const Limit value = [&] {
+            Recording recording(mTrace, column);
+            return recording.Keep(ValueType<Limit>::FromScript(*owner, text, mId));
+        }();
         if (mData == row) {
             limit = value;
-            owner->ForgetStaticScript(script, settledMark);
+            ForgetStatic(*owner, script, settledMark);
         }
     }
     return settledMark.empty() || !script.empty();

@@ -18,6 +18,9 @@ bool Parameter::Config(IDispatch* parent, const Variant& desc) {
     mData = row;
     mFacts = {};
     mGroup = owner;
+    mTrace.Enter(owner->Record(), Identity());
+    mTrace.ForgetRow();
+    mTrace.NoteReconfiguration();
     mGroupEvents = facet<IBase_CallbackParameter>(owner).get();
     mDBindex = ToLong(Cell(u"idx"));
     if (mLoadState == LoadState::NeverConfigured) mId = Cell(u"ParameterId");  // log lines of all that follows name it
@@ -36,6 +39,7 @@ bool Parameter::Config(IDispatch* parent, const Variant& desc) {
         SetMyValueToDefault();
         SaveValue();
     }
+    mTrace.NoteReconfiguration();  // scripts that ran meanwhile may have read what was half done
     if (mLoadState != LoadState::NeverConfigured) {
         Notify(kReconfigured);
     } else {
@@ -64,6 +68,7 @@ Ref<Collection> Parameter::RowOf(ParameterOwner& parent, const Variant& desc) {
 
 void Parameter::FetchUnit(ModuleServices* module) {
     if (!module) return;
+    Traces::Leave(Unrepeatable::Change);
     mLanguage = module->GetLanguage();
     mUnitScript = module->GetTranslatedText(ToLong(CellOr(u"unit", 0)));
 }
@@ -78,9 +83,15 @@ void Parameter::Unload() {
     if (mCallbacks) mCallbacks->Clear();
     // The row goes empty and not only away: the ring shares it.
     if (const Ref<Collection> row = std::exchange(mData, nullptr)) row->Clear();
+    mTrace.Leave();
     mGroup = nullptr;
     mGroupEvents = nullptr;
     mTag = Variant();
+}
+
+Parameter::~Parameter() {
+    mDependency->Serve(nullptr);
+    mTrace.Leave();
 }
 
 Ref<Collection> Parameter::Row() const {
@@ -122,12 +133,17 @@ Text Parameter::CellText(std::u16string_view column) const {
     return ToInvariantText(CellOr(column, Text()));
 }
 
-Variant Parameter::EvaluatedCell(const char16_t* column, VarType type) {
+Variant Parameter::EvaluatedCell(RuleColumn rule, VarType type) {
+    const std::u16string_view column = ColumnName(rule);
     const Ref<Collection> row = Row();
     const Ref<ParameterOwner> owner = Owner();
     // Short cut: most rows have no text here, and only a text can be a rule.
     if (const Variant* cell = row->Find(column); cell && !cell->IsString()) return *cell;
-    return owner->GetParameterDescAsScript(column, *row, mId, type);
+    const std::uint32_t before = row->Changes();
+    Recording recording(mTrace, rule);
+    Variant value = recording.Keep(owner->GetParameterDescAsScript(column, *row, mId, type));
+    if (row->Changes() != before) mTrace.NoteChange();  // a static script has given way to its result
+    return value;
 }
 
 }  // namespace ov

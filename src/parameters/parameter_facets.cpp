@@ -23,6 +23,7 @@ bool HasScriptPrefix(const Text& text) {
 }  // namespace
 
 Text Parameter::ShownValue() {
+    mTrace.NoteRead();
     switch (mValueExt) {
         case eParameterValueExt::eParamValueExtNaN:
             return u"QNAN";
@@ -58,10 +59,14 @@ Text Parameter::CurrentUnit() {
     if (const Ref<ParameterOwner> owner = mGroup) {
         const Ref<Collection> row = mData;
         Text text = mUnitScript;
-        owner->GetStringValueFromScript(text, mId);
+        {
+            Recording recording(mTrace, RuleColumn::Unit);
+            owner->GetStringValueFromScript(text, mId);
+            recording.Keep(text);
+        }
         if (mData != row) return mUnit;  // the rule gave the parameter another row, with a unit of its own
         mUnit = text;
-        owner->ForgetStaticScript(mUnitScript, Text());
+        ForgetStatic(*owner, mUnitScript, Text());
     }
     return mUnit;
 }
@@ -105,8 +110,10 @@ Text Parameter::error() {
 
 Variant Parameter::desc(const Text& fieldname, std::optional<bool> asScript) {
     const Ref<IBase_GuiParameter> alive = KeptAlive();
+    mTrace.NoteRead();
     if (asScript.value_or(false)) {
         const Ref<Collection> row = Row();
+        mTrace.NoteChange();  // a static script may give way to its result
         return Owner()->GetParameterDescAsScript(fieldname, *row, mId, VarType::Empty);
     }
     try {
@@ -146,6 +153,7 @@ void Parameter::let_configState(eParameterConfigState value) {
     if (mConfigState == value) return;
     const Ref<IBase_GuiParameter> alive = KeptAlive();
     mConfigState = value;
+    mTrace.NoteToDo();
     Notify(kConfigStateChanged);
 }
 
@@ -159,6 +167,7 @@ void Parameter::WriteState(eParameterValueExt state) {
         }
         mUnknown = false;
         mValueExt = state;
+        mTrace.NoteChange();
         Notify(kValueChanged);
     } catch (const RuntimeError&) {
         if (DebugOutput()) {
@@ -177,7 +186,20 @@ void Parameter::UnregisterCallback(IBase_CallbackParameter* cb) {
     if (mCallbacks && cb) mCallbacks->Remove(cb);
 }
 
+void Parameter::let_scriptAccess(bool value) {
+    // Whoever has read this parameter would mark it again.
+    if (mScriptAccess && !value) mTrace.NoteChange();
+    mScriptAccess = value;
+}
+
+void Parameter::ForgetStatic(ParameterOwner& owner, Text& text, const Text& replacement) {
+    const Text former = text;
+    owner.ForgetStaticScript(text, replacement);
+    if (text != former) Traces::Leave(Unrepeatable::Change);
+}
+
 void Parameter::Notify(Event event) {
+    Traces::Leave(Unrepeatable::Change);
     if (mCallbacks) mCallbacks->Tell([&](IBase_CallbackParameter& listener) { (listener.*event)(this); });
     const Ref<ParameterOwner> group = mGroup;
     if (mGroupEvents) (mGroupEvents->*event)(this);

@@ -49,7 +49,12 @@ void ParameterFloat::ReadDisplayFormat() {
 // The form may be a rule, so it is as of the last check.
 void ParameterFloat::CheckFurther(bool& /*passes*/, const Terms& /*former*/) {
     Text text = mDisplayFormatScript;
-    if (!text.empty()) Owner()->GetStringValueFromScript(text, mId);
+    if (!text.empty()) {
+        const Ref<ParameterOwner> owner = Owner();
+        Recording recording(mTrace, RuleColumn::DisplayFormat);
+        owner->GetStringValueFromScript(text, mId);
+        recording.Keep(text);
+    }
     const DisplayFormat format = ov::ReadDisplayFormat(text, {.mostHexDigits = 255, .hasUnixTime = false});
     mForm = format.kind == DisplayKind::TechExpo     ? Form::TechExpo
             : format.kind == DisplayKind::Scientific ? Form::Scientific
@@ -59,6 +64,7 @@ void ParameterFloat::CheckFurther(bool& /*passes*/, const Terms& /*former*/) {
         LogWithId(u"IBase_Internal_Config(): ERROR: " + format.complaint);
     }
     if (text == mDisplayFormat) return;
+    mTrace.NoteChange();
     mDisplayFormat = text;
     mPicture = Picture(text);
 }

@@ -6,6 +6,7 @@
 
 #include "descriptor/module_services.h"
 #include "platform/automation/collection.h"
+#include "record/rule_record.h"
 
 namespace ov {
 
@@ -26,6 +27,8 @@ public:
 
     /// Whether no reader takes @p text for a script or for a number of the locale.
     virtual bool IsLiteral(const Text& text) = 0;
+    /// What is known of the rules of the tree; Nothing where nobody keeps it. It lives as long as the group.
+    virtual RuleRecord* Record() { return nullptr; }
     /// The module, or Nothing where the chain of group, channel and module is not whole.
     virtual Ref<ModuleServices> Module() = 0;
 

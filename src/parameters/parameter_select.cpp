@@ -56,6 +56,7 @@ void ParameterSelect::RefreshUnitForLanguage() {
     ListedNumber::RefreshUnitForLanguage();
     const Ref<ModuleServices> module = mLanguage != former ? Module() : nullptr;
     if (!module) return;
+    mTrace.NoteChange();
     mList.ClearTexts();
     ForEachRow(*module, [this](std::int32_t value, const Text& text) {
         if (IsInRange(value)) mList.AddText(KeyOf(value), text);

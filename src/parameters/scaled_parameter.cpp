@@ -11,7 +11,7 @@
 namespace ov {
 
 template <class T>
-double ScaledParameter<T>::ReadFactor(const char16_t* column, double fallback) {
+double ScaledParameter<T>::ReadFactor(RuleColumn column, double fallback) {
     const Variant value = this->EvaluatedCell(column, VarType::Double);
     try {
         return value.IsNull() ? fallback : ToDouble(value);
@@ -22,7 +22,7 @@ double ScaledParameter<T>::ReadFactor(const char16_t* column, double fallback) {
 
 template <class T>
 typename ScaledParameter<T>::Scale ScaledParameter<T>::ReadScale() {
-    Scale scale{ReadFactor(u"realGain", 1), ReadFactor(u"realOffset", 0)};
+    Scale scale{ReadFactor(RuleColumn::RealGain, 1), ReadFactor(RuleColumn::RealOffset, 0)};
     if (scale.gain == 0) {
         if (DebugOutput()) {
             this->LogWithId(
@@ -50,9 +50,10 @@ void ScaledParameter<T>::RefreshScale() {
     const Scale scale = ReadScale();
     if (this->mData != row) return;  // the new row has a scale of its own
     // A gain of 0 is no fixed one: it is told of each time.
-    this->mFacts.hasFixedScale = isFixed && ReadFactor(u"realGain", 1) != 0;
+    this->mFacts.hasFixedScale = isFixed && ReadFactor(RuleColumn::RealGain, 1) != 0;
     // A check within the rule may have moved the value already, so it is in the scale of this moment.
     const Scale former = std::exchange(mScale, scale);
+    if (mScale != former) this->mTrace.NoteChange();
     if (mScale != former && this->mLoadState == LoadState::Written) KeepRealValue(former);
 }
 
@@ -64,6 +65,7 @@ void ScaledParameter<T>::KeepRealValue(const Scale& former) {
         const T saved = this->mValue == this->mSavedValue ? value : Rescaled(this->mSavedValue, former);
         this->mValue = value;
         this->mSavedValue = saved;
+        this->mTrace.NoteChange();
         AfterRescale();
     } catch (const RuntimeError& failure) {
         if (DebugOutput()) this->LogWithId(u"Private Sub KeepRealValue(): ONERROR: " + failure.description());
@@ -82,11 +84,13 @@ Variant ScaledParameter<T>::Scaled(const Variant& realValue) const {
 
 template <class T>
 void ScaledParameter<T>::CheckLimits(bool& passes) {
-    if (this->SettleLimit(this->mMinScript, mMin, SettledMark()) && IsBelowMin(this->mValue)) {
-        this->Refuse(passes, u"Value (" + this->ValueText() + u") is lower than Minimum (" + ToText(mMin) + u") ");
+    if (this->SettleLimit(RuleColumn::Min, this->mMinScript, mMin, SettledMark()) && IsBelowMin(this->mValue)) {
+        this->Refuse(passes, u"Value (" + this->ValueText() + u") is lower than Minimum (" + ToText(mMin) + u") ",
+                     RuleColumn::Min);
     }
-    if (this->SettleLimit(this->mMaxScript, mMax, SettledMark()) && IsAboveMax(this->mValue)) {
-        this->Refuse(passes, u"Value (" + this->ValueText() + u") is bigger than Maximum (" + ToText(mMax) + u") ");
+    if (this->SettleLimit(RuleColumn::Max, this->mMaxScript, mMax, SettledMark()) && IsAboveMax(this->mValue)) {
+        this->Refuse(passes, u"Value (" + this->ValueText() + u") is bigger than Maximum (" + ToText(mMax) + u") ",
+                     RuleColumn::Max);
     }
 }
 

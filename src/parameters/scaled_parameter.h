@@ -56,7 +56,7 @@ protected:
 
 private:
     Scale ReadScale();
-    double ReadFactor(const char16_t* column, double fallback);
+    double ReadFactor(RuleColumn column, double fallback);
     void KeepRealValue(const Scale& former);
     T Rescaled(const T& value, const Scale& former) const;
 

@@ -16,11 +16,13 @@ void TextParameter::ReadType() {
 }
 
 void TextParameter::CheckLimits(bool& passes) {
-    if (SettleLimit(mMinScript, mMinSize, kSettled) && IsShort(mValue)) {
-        Refuse(passes, u"Value (" + mValue + u") is shorter than Minimum Size (" + Text::FromInteger(mMinSize) + u") ");
+    if (SettleLimit(RuleColumn::Min, mMinScript, mMinSize, kSettled) && IsShort(mValue)) {
+        Refuse(passes, u"Value (" + mValue + u") is shorter than Minimum Size (" + Text::FromInteger(mMinSize) + u") ",
+               RuleColumn::Min);
     }
-    if (SettleLimit(mMaxScript, mMaxSize, kSettled) && IsLong(mValue)) {
-        Refuse(passes, u"Value (" + mValue + u") is longer than Maximum (" + Text::FromInteger(mMaxSize) + u") ");
+    if (SettleLimit(RuleColumn::Max, mMaxScript, mMaxSize, kSettled) && IsLong(mValue)) {
+        Refuse(passes, u"Value (" + mValue + u") is longer than Maximum (" + Text::FromInteger(mMaxSize) + u") ",
+               RuleColumn::Max);
     }
 }
 

@@ -31,14 +31,24 @@ bool TypedParameter<T>::EvaluateConsistency(const T& candidate) {
     const Text rule = ConsistencyRule();
     if (rule.empty()) return true;
     const Text script = ReplaceAll(rule, u"P()", RuleText(candidate));
-    if (candidate == mValue) return EvaluateRule(script);
-    struct PutBack {
+    if (candidate == mValue) {
+        Recording recording(mTrace, RuleColumn::Consistency);
+        return recording.Keep(EvaluateRule(script));
+    }
+    // On trial the value is no change, unless something ran meanwhile that may have taken it for one.
+    struct Trial {
         TypedParameter& parameter;
-        Content former;
-        ~PutBack() { parameter.Hold(former); }
-    };
-    const PutBack former{*this, Held()};
-    Hold({candidate});
+        Content former = parameter.Held();
+        std::uint64_t traces = Traces::Count();
+        Recording unrecorded{};
+        ~Trial() {
+            parameter.mValue = former.value;
+            parameter.mValueExt = former.state;
+            if (Traces::Count() != traces) parameter.mTrace.NoteChange();
+        }
+    } const trial{*this};
+    mValue = candidate;
+    mValueExt = eParameterValueExt::eParamValueExtNormalValue;
     return EvaluateRule(script);
 }
 
@@ -51,6 +61,7 @@ void TypedParameter<T>::WriteByUser(const Text& text) {
         written.value = ParseText(forced ? Text(text.view().substr(1)) : text, Purpose::Write);
     } catch (const RuntimeError& failure) {
         mErrorText = failure.description();
+        mTrace.NoteRefusal(mErrorText, {});
         return;
     }
     MarkWritten();
@@ -64,10 +75,13 @@ void TypedParameter<T>::WriteByUser(const Text& text) {
     written.value = Accepted(written.value);
     Hold(written);
     if (!CheckConsistency() && !forced) {
+        mTrace.NoteRefusal(mErrorText, mRefusedBy);
         Hold(former);
         CheckConsistency();  // limits, marks and events follow the value that is back
         return;
     }
+    mWriter = Writer::User;
+    mTrace.NoteAccepted();
     // What depends on this parameter changes before its own event.
     if (const Ref<ParameterOwner> owner = mGroup) owner->UpdateDependencies();
     mUnknown = false;
@@ -123,6 +137,7 @@ void TypedParameter<T>::StoreFromEngine(const Content& content) {
         return;
     }
     mUnknown = false;
+    mWriter = RuleWrite::IsUnderWay() ? Writer::Rule : Writer::Engine;
     Hold(content);
     Notify(kValueChanged);
     AfterEngineWrite(former);
@@ -130,9 +145,10 @@ void TypedParameter<T>::StoreFromEngine(const Content& content) {
 
 template <class T>
 void TypedParameter<T>::SetMyValueToDefault() {
+    mWriter = Writer::Default;
     Variant value;
     try {
-        value = EvaluatedCell(u"DefaultValue", ValueType<T>::kType);
+        value = EvaluatedCell(RuleColumn::DefaultValue, ValueType<T>::kType);
         Hold(value.IsNull() ? Content{DefaultFromLimits()} : ContentOfDefault(value));
     } catch (const RuntimeError&) {
         if (DebugOutput()) {

@@ -58,11 +58,15 @@ protected:
     void Hold(const Content& content) {
         mValue = content.value;
         mValueExt = content.state;
+        mTrace.NoteChange();
     }
     /// `EvaluateConsistency`: the rule of the descriptor for @p candidate, which scripts see as the value meanwhile.
     bool EvaluateConsistency(const T& candidate);
 
-    Variant EngineValue() override { return mValue; }
+    Variant EngineValue() override {
+        mTrace.NoteRead();
+        return mValue;
+    }
     /// Whether the engine's write of @p value, accepted as it is, would change nothing.
     bool IsWrittenAs(const T& value) const {
         return mValue == value && mValueExt == eParameterValueExt::eParamValueExtNormalValue && !mUnknown &&

@@ -30,31 +30,48 @@ void ScriptHost::AddPrelude() {
     for (const Text& code : Prelude()) {
         mScriptControl.AddCode(code);
     }
+    mDefinitions = mScriptControl.Definitions();
+}
+
+// From the first definition on, what a script answers may depend on what another one has left in the engine.
+void ScriptHost::NoteDefinitions() {
+    if (mScriptControl.Definitions() == mDefinitions) return;
+    mDefinitions = mScriptControl.Definitions();
+    mHoldsState = true;
+    if (const std::shared_ptr<RuleRecord> record = mRecord.lock()) record->ForgetAll();
 }
 
 void ScriptHost::BindModule(IBase_SpecModule* module) {
     mScriptChannels->Bind(module->channels());
     mScriptEnvironment->Bind(module->Environment());
     mConfM->Bind(module);
-    mScriptTexts->Bind(facet<ModuleServices>(module));
+    const auto services = facet<ModuleServices>(module);
+    mScriptTexts->Bind(services);
+    if (services) mRecord = services->Record();
 }
 
 Variant ScriptHost::Evaluate(const Text& script, bool silent) {
     ++GlobalDiagnostics().debugCountEval;
+    if (mHoldsState) Traces::Leave(Unrepeatable::ScriptState);
+    Variant result;
     try {
-        return mScriptControl.Eval(script);
+        result = mScriptControl.Eval(script);
     } catch (const RuntimeError& error) {
+        Traces::Leave(Unrepeatable::Line);  // told or not, it may take its time again
         if (!silent) LogFailure(u"Evaluate(", script, error);
-        return Variant();
     }
+    NoteDefinitions();
+    return result;
 }
 
 void ScriptHost::ExecuteScript(const Text& statement) {
+    Traces::Leave(Unrepeatable::Statement);
     try {
         mScriptControl.ExecuteStatement(statement);
     } catch (const RuntimeError& error) {
         LogFailure(u"ExecuteScript(", statement, error);
     }
+    NoteDefinitions();
 }
 
 void ScriptHost::LogFailure(std::u16string_view call, const Text& script, const RuntimeError& error) {

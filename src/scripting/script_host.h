@@ -5,8 +5,11 @@
 /// forms a reference cycle with its owner, which the owner's Unload breaks by letting the host go.
 #pragma once
 
+#include <memory>
+
 #include "contract/default_interfaces.h"
 #include "platform/script/script_control.h"
+#include "record/rule_record.h"
 #include "scripting/scripting_environment.h"
 #include "scripting/scripting_parameters.h"
 #include "scripting/scripting_rows.h"
@@ -43,9 +46,13 @@ protected:
     Ref<ScriptingTexts> mScriptTexts = MakeObject<ScriptingTexts>();
 
 private:
+    void NoteDefinitions();
     void LogFailure(std::u16string_view call, const Text& script, const RuntimeError& error);
 
     ScriptControl mScriptControl;
+    std::uint64_t mDefinitions = 0;     // of the host itself, its objects and prelude
+    bool mHoldsState = false;           // scripts have defined something that later ones can find
+    std::weak_ptr<RuleRecord> mRecord;  // of the tree
 };
 
 /// CBase_ChannelScripting: scripts of a channel see no `P` and no `CONFG`.

@@ -17,6 +17,8 @@ public:
         return info;
     }
 
+    /// The descriptor row, for reading. `desc` gives it to hosts, who may change it.
+    virtual Collection* Row() = 0;
     /// Marks the group as reached by a script of another group or channel; the mark is never cleared.
     virtual void MarkScriptAccess() = 0;
     /// Sweeps the rules after a change of a value. @throws RuntimeError of a rule's side effects
@@ -41,6 +43,8 @@ public:
         return info;
     }
 
+    /// The descriptor row, for reading.
+    virtual Collection* Row() = 0;
     /// Marks the channel as reached by a script of another channel; the mark is never cleared.
     virtual void MarkScriptAccess() = 0;
 };

@@ -4,6 +4,7 @@
 #include <array>
 
 #include "platform/automation/member.h"
+#include "platform/automation/unrepeatable.h"
 #include "scripting/argument_list.h"
 #include "support/diagnostics.h"
 
@@ -30,6 +31,7 @@ Variant ScriptingEnvironment::Variable(const Text& key) {
 }
 
 bool ScriptingEnvironment::SetVariable(const Text& key, const Variant& value) {
+    Traces::Leave(Unrepeatable::Statement);
     try {
         if (mEnvironment) mEnvironment->let_Variable(key, value);
         return true;

@@ -3,6 +3,7 @@
 #include "contract/group.h"
 #include "contract/internal.h"
 #include "platform/automation/collection.h"
+#include "record/recording.h"
 #include "scripting/argument_list.h"
 #include "scripting/scripted_tree.h"
 #include "support/diagnostics.h"
@@ -22,6 +23,17 @@ Ref<IBase_GuiParameter> GuiOf(IBase_SpecParameter& parameter) {
     if (!gui) Raise(ErrorNumber::ObjectVariableNotSet);
     return gui;
 }
+
+/// Notices a parameter that does not tell of its reads: one that a host has put into the tree.
+class WatchedRead {
+public:
+    ~WatchedRead() {
+        if (Recording::IsUnderWay() && Recording::ReadsNoted() == mBefore) Traces::Leave(Unrepeatable::Object);
+    }
+
+private:
+    std::uint64_t mBefore = Recording::ReadsNoted();
+};
 
 void MarkAsRead(IBase_SpecParameter& parameter) {
     if (parameter.scriptAccess()) return;
@@ -47,7 +59,9 @@ template <class Result, class Read>
 Result ScriptingParameters::Guarded(const Variant& id, std::u16string_view message, std::u16string_view property,
                                     Read read) {
     try {
-        return read(*Parameter(id));
+        const Ref<IBase_SpecParameter> parameter = Parameter(id);
+        const WatchedRead watched;
+        return read(*parameter);
     } catch (const RuntimeError& error) {
         if (DebugOutput()) {
             const Text shown = TextForLog(id);
@@ -117,9 +131,13 @@ bool ScriptingParameters::isIn(const Variant& id, std::span<const Variant> argum
 }
 
 bool ScriptingParameters::SetValue(const Variant& id, const Variant& value) {
+    Traces::Leave(Unrepeatable::Statement);
     try {
         const Ref<IBase_SpecParameter> parameter = Parameter(id);
-        parameter->let_value(value);
+        {
+            const RuleWrite write;
+            parameter->let_value(value);
+        }
         ScriptedGroupOf(*parameter)->UpdateDependencies();
         return true;
     } catch (const RuntimeError& error) {
@@ -132,6 +150,7 @@ bool ScriptingParameters::SetValue(const Variant& id, const Variant& value) {
 }
 
 Variant ScriptingParameters::script(const Variant& id) {
+    Traces::Leave(Unrepeatable::GroupScript);
     try {
         const Ref<IBase_SpecParameter> first = mData ? mData->get_first() : nullptr;
         if (!first) Raise(ErrorNumber::ObjectVariableNotSet);

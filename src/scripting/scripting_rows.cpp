@@ -3,19 +3,35 @@
 #include <array>
 
 #include "contract/parameter.h"
+#include "descriptor/module_services.h"
 #include "platform/automation/collection.h"
 #include "platform/automation/member.h"
 #include "scripting/argument_list.h"
+#include "scripting/scripted_tree.h"
 #include "support/diagnostics.h"
 
 namespace ov {
 
 namespace {
 
-Variant ItemOf(const Ref<IDispatch>& row, const Text& name) {
-    const Ref<ICollection> fields = facet<ICollection>(row);
-    if (!fields) Raise(ErrorNumber::ObjectVariableNotSet);
-    return fields->Item(Variant(name));
+template <class Holder>
+Variant FieldFrom(IDispatch& source, const Text& name) {
+    const Ref<Holder> holder = facet<Holder>(&source);
+    Collection* const row = holder ? holder->Row() : nullptr;
+    if (!row) Raise(ErrorNumber::ObjectVariableNotSet);
+    return row->Item(Variant(name));
+}
+
+Variant FieldOf(IBase_SpecChannel& channel, const Text& name) {
+    return FieldFrom<ScriptedChannel>(channel, name);
+}
+
+Variant FieldOf(IBase_SpecGroup& group, const Text& name) {
+    return FieldFrom<ScriptedGroup>(group, name);
+}
+
+Variant FieldOf(IBase_SpecModule& module, const Text& name) {
+    return FieldFrom<ModuleServices>(module, name);
 }
 
 template <class T>
@@ -25,7 +41,7 @@ T& Needed(const Ref<T>& object) {
 }
 
 Variant ChildField(IBase_SpecChannel& channel, const Text& groupId, const Text& name) {
-    return ItemOf(Needed(Needed(channel.groups()).get_Item(groupId)).desc(), name);
+    return FieldOf(Needed(Needed(channel.groups()).get_Item(groupId)), name);
 }
 
 Variant ChildField(IBase_SpecGroup& group, const Text& parameterId, const Text& name) {
@@ -53,7 +69,7 @@ const InterfaceInfo& IScriptingRow<Source>::Members() {
 
 template <class Source>
 Variant ScriptingRow<Source>::FieldOf(const Text& name) {
-    return ItemOf(Needed(mSource).desc(), name);
+    return ov::FieldOf(Needed(mSource), name);
 }
 
 template <class Source>

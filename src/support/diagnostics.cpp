@@ -6,6 +6,7 @@
 #include <string>
 
 #include "platform/automation/conversions.h"
+#include "platform/automation/unrepeatable.h"
 #include "platform/locale/locale.h"
 #include "platform/store/statement_timeout.h"
 #include "platform/system/clock.h"
@@ -27,6 +28,11 @@ bool IsSwitchedOn(const char16_t* key, const char16_t* name) {
     return value.IsString() && value.AsText() == u"1";
 }
 
+bool IsSwitchedOff(const char16_t* key, const char16_t* name) {
+    const Variant value = registry::Read(key, name);
+    return value.Type() == VarType::Long && value.AsLong() == 0;
+}
+
 // A number above 0, or what stands for it.
 std::int32_t NumberOr(const char16_t* key, const char16_t* name, std::int32_t fallback) {
     try {
@@ -44,6 +50,7 @@ void SetSwitches(Diagnostics& diagnostics, DebugMode mode) {
     diagnostics.debugToFile =
         fromRegistry ? IsSwitchedOn(kControlsKey, u"DebugFile") : mode == DebugMode::OutputAndFile;
     diagnostics.timing = IsSwitchedOn(kControlsKey, u"Timing");
+    diagnostics.fullSweep = !IsSwitchedOff(kControlsKey, u"FullSweep");
     SetStatementTimeout(NumberOr(kControlsKey, u"StatementTimeout", kUsualStatementTimeout));
     diagnostics.maxPasses = NumberOr(kControlsKey, u"MaxPasses", Diagnostics().maxPasses);
     diagnostics.typeAndAddressNotInTag = IsSwitchedOn(kDtmKey, u"TypeAndAddressNotInTag");
@@ -99,6 +106,7 @@ Diagnostics& GlobalDiagnostics() noexcept {
 }
 
 bool DebugOutput() noexcept {
+    Traces::Leave(Unrepeatable::Line);
     const Diagnostics& diagnostics = GlobalDiagnostics();
     if (!diagnostics.initialised) InitDebug(DebugMode::FromRegistry);
     return diagnostics.debugToOutput || diagnostics.debugToFile;

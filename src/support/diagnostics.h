@@ -21,12 +21,15 @@ struct Diagnostics {
     bool initialised = false;             ///< the switches have been read
     bool typeAndAddressNotInTag = false;  ///< a switch of the parameters
     std::int32_t maxPasses = 10'000;      ///< most passes of one update of dependencies
+    bool fullSweep = false;               ///< sweeps run every rule, also those that can have nothing to do
     std::int32_t debugCountEval = 0;      ///< script evaluations since the last Load
+    std::uint32_t countBegun = 0;         ///< how often it was begun
 };
 /// `gDebugToOutput` and its companions.
 Diagnostics& GlobalDiagnostics() noexcept;
 
 /// True if lines go anywhere, so that building a text for the log is worth while. Reads the switches if nobody has.
+/// Asking leaves a trace: who asks has a line, written or not.
 bool DebugOutput() noexcept;
 
 /// How InitDebug sets the switches.

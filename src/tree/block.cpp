@@ -19,7 +19,7 @@ void Block::Config(Channel* channel, Recordset& row) {
 }
 
 void Block::AddGroup(Group& group) {
-    const Collection& row = group.Row();
+    const Collection& row = *group.Row();
     for (const char16_t* column : {u"block1", u"block2", u"block3"}) {
         if (!EqualValues(row.Get(column), Variant(mIdx))) continue;
         const Variant& position = row.Get(Text(column) + u"order");

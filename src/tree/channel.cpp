@@ -24,6 +24,7 @@ constexpr const char16_t* kInvalid = u"Ungültig";
 void Channel::Config(IBase_SpecModule* module, const tBaseDescriptorDB& desc) {
     mModule = module;
     mServices = facet<ModuleServices>(module);
+    mRecord = mServices->Record();
     mScriptHost->BindModule(module);
     mDesc = RowToCollection(*desc.rs);
     mId = mDesc->Get(u"ChannelId");
@@ -33,6 +34,7 @@ void Channel::Config(IBase_SpecModule* module, const tBaseDescriptorDB& desc) {
 
 bool Channel::LoadGroups() {
     if (mGroups) return true;
+    Traces::Leave(Unrepeatable::Load);
     if (GlobalDiagnostics().timing && DebugOutput()) LogEntry(Dispatch(), u"Id '" + ToText(mId) + u"': LoadGroups()");
     try {
         ReadGroups();
@@ -48,7 +50,12 @@ void Channel::ReadGroups() {
     mGroups = MakeObject<TypedList<IBase_SpecGroup>>();
     mGuiGroups = MakeObject<TypedList<IBase_GuiGroup>>();
     mGuiGroups->SetUnderlying(mGroups->Underlying());
+    mGroups->KeepRecord(mRecord);
+    mGuiGroups->KeepRecord(mRecord);
     if (!mModule || !mScriptHost) Raise(ErrorNumber::ObjectVariableNotSet);
+    mSwept.emplace(mRecord, [](IBase_SpecGroup& spec, Workload& work, std::size_t position) {
+        if (auto* group = dynamic_cast<Group*>(&spec)) group->StandBelow(work, position);
+    });
     mScriptHost->BindChannel(this);
     tBaseDescriptorDB desc;
     desc.db = mServices->GetDB();
@@ -61,7 +68,7 @@ void Channel::ReadGroups() {
         const Ref<Group> group = MakeObject<Group>();
         group->Config(this, desc);
         mMadeGroups.emplace_back(group);
-        mGroups->Add(group.get(), ToText(group->Id()));
+        mGroups->Enter(group.get(), ToText(group->Id()));
         PlaceInBlocks(*group, *desc.rs, made);
     }
     desc.rs->Close();
@@ -187,14 +194,37 @@ void Channel::UpdateDependencies() {
 
 bool Channel::ReconfigurationPass() {
     bool any = false;
-    ForEachGroup([&](Group& group) { return any = group.ReconfigurationPass() || any, true; });
+    SweepGroups(&Workload::pass, [&](Group& group) { any = group.ReconfigurationPass() || any; });
     return any;
 }
 
-bool Channel::CheckConsistencyAll() {
-    bool all = true;
-    ForEachGroup([&](Group& group) { return all = group.CheckConsistencyAll() && all, true; });
-    return all;
+void Channel::CheckConsistencyAll() {
+    SweepGroups(&Workload::check, [](Group& group) { group.CheckConsistencyAll(); });
+}
+
+// A group in which nothing is left to do is passed over until something is.
+template <class Visit>
+void Channel::SweepGroups(WorkSet Workload::*set, Visit visit) {
+    if (!mSwept) return;
+    mSwept->Sweep(mGroups->Underlying(), set, [&](IBase_SpecGroup& spec, std::size_t position) {
+        auto* group = dynamic_cast<Group*>(&spec);
+        if (!group) return;
+        visit(*group);
+        const Workload* work = group->Work();
+        if (!mSwept || (work && (work->*set).HasWork())) return;
+        const std::uint64_t evaluations = work ? (work->*set).Evaluations() : 0;
+        (mSwept->Work().*set).SetDone(position, static_cast<std::uint32_t>(evaluations));
+    });
+}
+
+Ref<IDispatch> Channel::desc() {
+    if (mRecord) mRecord->OpenRows();
+    return mDesc ? mDesc->Dispatch() : nullptr;
+}
+
+Collection* Channel::Row() {
+    if (mRecord && mRecord->RowsAreOpen()) Traces::Leave(Unrepeatable::Object);
+    return mDesc.get();
 }
 
 template <class Fold>

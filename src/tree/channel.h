@@ -15,6 +15,7 @@
 #include "scripting/scripted_tree.h"
 #include "tree/event_relay.h"
 #include "tree/kind_folds.h"
+#include "tree/swept_list.h"
 #include "tree/typed_collection.h"
 
 namespace ov {
@@ -67,7 +68,8 @@ public:
     ModuleServices* Services() noexcept { return mServices.get(); }
     /// One pass over all loaded groups. @returns true if a parameter that scripts have read was reconfigured
     bool ReconfigurationPass();
-    bool CheckConsistencyAll();
+    void CheckConsistencyAll();
+    const std::shared_ptr<RuleRecord>& Record() const noexcept { return mRecord; }
     /// Tears down groups and blocks and lets the module go; harmless the second time.
     void Unload() noexcept;
 
@@ -85,7 +87,7 @@ public:
     Text EditPlugin(Text* args) override;
 
     // IBase_SpecChannel
-    Ref<IDispatch> desc() override { return mDesc ? mDesc->Dispatch() : nullptr; }
+    Ref<IDispatch> desc() override;
     Ref<IBase_GuiChannel> Gui() override { return this; }
     Ref<IBase_SpecChannel> Clone() override { return nullptr; }  // a module is cloned as a whole
     bool Compare(IBase_SpecChannel* other, std::optional<eParameterKind> kind) override;
@@ -95,6 +97,7 @@ public:
     void UpdateDependencies() override;
 
     // ScriptedChannel
+    Collection* Row() override;
     void MarkScriptAccess() override { mScriptAccess = true; }
 
 private:
@@ -111,6 +114,8 @@ private:
     void PassOn(ParameterEvent event, IBase_GuiParameter* p) override;
     template <class Fold>
     void ForEachGroup(Fold fold);
+    template <class Visit>
+    void SweepGroups(WorkSet Workload::*set, Visit visit);
 
     Ref<IBase_SpecModule> mModule;
     Ref<ModuleServices> mServices;
@@ -126,6 +131,8 @@ private:
     std::vector<Ref<IBase_SpecGroup>> mMadeGroups;
     CallbackList<IBase_CallbackParameter> mCallbacks;
     bool mScriptAccess = false;
+    std::shared_ptr<RuleRecord> mRecord;
+    std::optional<SweptList<IBase_SpecGroup>> mSwept;  // with mGroups
     Ref<IBase_GuiParameter> mMainValue;
     Text mMainValueText;
 };

@@ -14,6 +14,7 @@
 #include "scripting/scripted_tree.h"
 #include "tree/event_relay.h"
 #include "tree/kind_folds.h"
+#include "tree/swept_list.h"
 #include "tree/typed_collection.h"
 
 namespace ov {
@@ -82,11 +83,14 @@ public:
     const Ref<TypedList<IBase_GuiBlock>>& Blocks() const noexcept { return mBlocks; }
     const Variant& Id() const noexcept { return mId; }
     /// The descriptor row. @pre configured
-    Collection& Row() noexcept { return *mDesc; }
     /// One pass over the rules of all parameters. @returns true if one that scripts have read was reconfigured
     bool ReconfigurationPass();
-    bool CheckConsistencyAll();
+    void CheckConsistencyAll();
     void Unload() noexcept;
+    /// What there is to do in the group; Nothing before its parameters are loaded.
+    const Workload* Work() const noexcept { return mSwept ? &mSwept->Work() : nullptr; }
+    /// The group stands at @p position of the channel's work.
+    void StandBelow(Workload& channel, std::size_t position) noexcept;
 
     // IBase_GuiGroup
     Text name() override;
@@ -99,7 +103,7 @@ public:
     Text EditPlugin(Text* args) override;
 
     // IBase_SpecGroup
-    Ref<IDispatch> desc() override { return mDesc ? mDesc->Dispatch() : nullptr; }
+    Ref<IDispatch> desc() override;
     Ref<IBase_GuiGroup> Gui() override { return this; }
     Ref<IBase_SpecGroup> Clone() override { return nullptr; }  // a module is cloned as a whole
     bool Compare(IBase_SpecGroup* other, std::optional<eParameterKind> kind) override;
@@ -110,6 +114,7 @@ public:
     void UpdateDependencies() override;
 
     // ScriptedGroup
+    Collection* Row() override;
     void MarkScriptAccess() override { mScriptAccess = true; }
     Ref<Collection> GroupScripts() override;
     Ref<Collection> ScriptResultCache() override;
@@ -117,6 +122,7 @@ public:
     Variant EvaluatePickedText(const Text& text) override;
 
     // ParameterOwner
+    RuleRecord* Record() override { return mRecord.get(); }
     bool IsLiteral(const Text& text) override;
     Ref<ModuleServices> Module() override;
     Variant GetParameterDescAsScript(const Text& fieldname, Collection& data, const Variant& id, VarType type) override;
@@ -153,10 +159,12 @@ private:
     void AddAlternative(IBase_Internal& parameter, Recordset& row);
     void LoadScripts();
 
-    bool FindActiveDependency(CBase_ParamDependency& dependency, bool checkCurrent);
-    bool SettleValid(IBase_Internal& parameter);
-    void SettleInvalid(IBase_Internal& parameter, bool& any);
-    void Reconfigure(IBase_Internal& parameter, bool& any);
+    class RuledParameter;
+    void RunRules(RuledParameter& parameter, bool& any);
+    bool FindActiveDependency(RuledParameter& parameter, bool checkCurrent);
+    bool Holds(RuledParameter& parameter, const Text& rule, const Variant& id);
+    void GiveWay(RuledParameter& parameter, bool& any);
+    void Reconfigure(RuledParameter& parameter, bool& any);
     void NoteChange(IBase_Internal& parameter);
     template <class Read>
     auto GuardedRead(const char16_t* reader, const Text& text, const Variant& id, Read read) -> decltype(read());
@@ -179,6 +187,10 @@ private:
     std::int32_t mNameId = 0;
     Ref<Collection> mDesc;
     bool mScriptAccess = false;
+    std::shared_ptr<RuleRecord> mRecord;
+    std::optional<SweptList<IBase_Internal>> mSwept;  // with mParameters
+    Workload* mChannelWork = nullptr;                 // of the record
+    std::size_t mChannelPosition = 0;
     Ref<Collection> mScripts;        // Nothing until first needed
     Ref<Collection> mScriptResults;  // dropped at the start and the end of every pass
 };

@@ -1,5 +1,7 @@
 // The rules by which parameters change shape: one pass over the group, and how far a change carries.
+#include "parameters/parameter.h"
 #include "platform/automation/conversions.h"
+#include "record/step_run.h"
 #include "support/diagnostics.h"
 #include "tree/channel.h"
 #include "tree/dependency_update.h"
@@ -11,11 +13,41 @@ namespace {
 
 const Text kNoId(u"?");  // stands for the parameter's id in messages about its alternatives
 
-Variant RowOf(CBase_ParamDependency& dependency) {
-    return Variant(dependency.get_desc());
-}
-
 }  // namespace
+
+/// A parameter as the sweep sees it: its ring, which the sweep moves in silence, and its place in the record. What a
+/// host has put into the list has none, and is visited by every sweep.
+class Group::RuledParameter {
+public:
+    explicit RuledParameter(IBase_Internal& parameter)
+        : self(parameter), mOwn(dynamic_cast<ov::Parameter*>(&parameter)), mRing(parameter.dependencies()) {}
+
+    RuleTrace& Trace() noexcept { return mOwn ? mOwn->Trace() : mNoTrace; }
+    std::uint8_t Alternative() noexcept { return mOwn ? mOwn->Ring().Place() : 0; }
+    std::int32_t Index() { return mRing->get_idx(); }
+    Text Rule() { return mRing->get_dep(); }
+    bool GoesAway() { return mRing->get_removeOnDep() == u"True"; }
+    void NextRow() {
+        const ParamDependency::Unwatched unwatched(*mRing);
+        mRing->MoveNext();
+    }
+    /// Gives the parameter the current row of its ring.
+    void TakeRow(IBase_GuiGroup* group) {
+        const Variant row = [&] {
+            const ParamDependency::Unwatched unwatched(*mRing);
+            return Variant(mRing->get_desc());
+        }();
+        self.Config(group, row);
+        self.CheckConsistency();
+    }
+
+    IBase_Internal& self;
+
+private:
+    ov::Parameter* mOwn;
+    RuleTrace mNoTrace;
+    Ref<CBase_ParamDependency> mRing;
+};
 
 void Group::UpdateDependencies() {
     const Ref<Group> alive = this;
@@ -23,69 +55,62 @@ void Group::UpdateDependencies() {
     if (const Ref<Channel> channel = mChannel) channel->UpdateDependencies();
 }
 
-bool Group::CheckConsistencyAll() {
-    bool all = true;
-    if (const Ref<TypedList<IBase_SpecParameter>> parameters = mParameters) {
-        parameters->ForEachAs<IBase_Internal>([&](IBase_Internal& parameter) {
-            all = parameter.CheckConsistency() && all;
-            return true;
-        });
-    }
-    return all;
+void Group::CheckConsistencyAll() {
+    if (!mParameters) return;
+    mSwept->Sweep(mParameters->Underlying(), &Workload::check,
+                  [](IBase_Internal& parameter, std::size_t) { parameter.CheckConsistency(); });
 }
 
 bool Group::ReconfigurationPass() {
     bool any = false;
     mScriptResults = nullptr;
-    const Ref<TypedList<IBase_SpecParameter>> parameters = mParameters;
-    if (!parameters) return false;  // a group that was never opened takes no part
-    parameters->ForEachAs<IBase_Internal>([&](IBase_Internal& parameter) {
-        if (parameter.get_configState() == eParameterConfigState::eParameterValid) {
-            if (SettleValid(parameter)) {
-                if (ToBoolean(parameter.CheckNeedForReConfig())) Reconfigure(parameter, any);
-            } else {
-                SettleInvalid(parameter, any);
-            }
-        } else if (FindActiveDependency(*parameter.dependencies(), true)) {
-            if (parameter.DBindex() != parameter.dependencies()->get_idx()) Reconfigure(parameter, any);
-            NoteChange(parameter);
-            parameter.let_configState(eParameterConfigState::eParameterValid);
-        }
-        return true;
+    if (!mParameters) return false;  // a group that was never opened takes no part
+    mSwept->Sweep(mParameters->Underlying(), &Workload::pass, [&](IBase_Internal& parameter, std::size_t) {
+        RuledParameter ruled(parameter);
+        StepRun step(ruled.Trace(), &Workload::pass);
+        RunRules(ruled, any);
+        step.End();
     });
     mScriptResults = nullptr;
     return any;
 }
 
-// True if the row in force stays in force.
-bool Group::SettleValid(IBase_Internal& parameter) {
-    const Text rule = parameter.dependencies()->get_dep();
-    return rule.empty() || GetBoolFromScript(rule, parameter.id());
+void Group::RunRules(RuledParameter& parameter, bool& any) {
+    IBase_Internal& self = parameter.self;
+    if (self.get_configState() == eParameterConfigState::eParameterValid) {
+        const Text rule = parameter.Rule();
+        if (!rule.empty() && !Holds(parameter, rule, self.id())) return GiveWay(parameter, any);
+        if (ToBoolean(self.CheckNeedForReConfig())) Reconfigure(parameter, any);
+    } else if (FindActiveDependency(parameter, true)) {
+        if (self.DBindex() != parameter.Index()) Reconfigure(parameter, any);
+        NoteChange(self);
+        self.let_configState(eParameterConfigState::eParameterValid);
+    }
+}
+
+bool Group::Holds(RuledParameter& parameter, const Text& rule, const Variant& id) {
+    Recording recording(parameter.Trace(), RuleColumn::Dependency, parameter.Alternative());
+    return recording.Keep(GetBoolFromScript(rule, id));
 }
 
 // The row in force is out: the next one that holds takes its place, or the parameter goes.
-void Group::SettleInvalid(IBase_Internal& parameter, bool& any) {
-    const Ref<CBase_ParamDependency> dependency = parameter.dependencies();
-    if (parameter.get_scriptAccess()) any = true;
-    NoteChange(parameter);
-    if (FindActiveDependency(*dependency, false)) {
-        parameter.Config(static_cast<IBase_GuiGroup*>(this), RowOf(*dependency));
-        parameter.CheckConsistency();
-        return;
-    }
-    const bool remove = dependency->get_removeOnDep() == u"True";
-    parameter.let_configState(remove ? eParameterConfigState::eParameterInvalid
-                                     : eParameterConfigState::eParameterDisabled);
+void Group::GiveWay(RuledParameter& parameter, bool& any) {
+    IBase_Internal& self = parameter.self;
+    if (self.get_scriptAccess()) any = true;
+    NoteChange(self);
+    if (FindActiveDependency(parameter, false)) return parameter.TakeRow(this);
+    self.let_configState(parameter.GoesAway() ? eParameterConfigState::eParameterInvalid
+                                              : eParameterConfigState::eParameterDisabled);
 }
 
-void Group::Reconfigure(IBase_Internal& parameter, bool& any) {
-    if (parameter.get_scriptAccess()) any = true;
-    NoteChange(parameter);
-    parameter.Config(static_cast<IBase_GuiGroup*>(this), RowOf(*parameter.dependencies()));
-    parameter.CheckConsistency();
+void Group::Reconfigure(RuledParameter& parameter, bool& any) {
+    if (parameter.self.get_scriptAccess()) any = true;
+    NoteChange(parameter.self);
+    parameter.TakeRow(this);
 }
 
 void Group::NoteChange(IBase_Internal& parameter) {
+    Traces::Leave(Unrepeatable::Change);
     DependencyUpdate::NoteChange([&] {
         const Ref<Channel> channel = mChannel;
         return (channel ? TextForLog(channel->Id()) : Text()) + u"/" + TextForLog(mId) + u"/" +
@@ -95,14 +120,20 @@ void Group::NoteChange(IBase_Internal& parameter) {
 
 // Leaves the cursor on the row in force. Rows are tried in ring order from behind the current one; where none holds,
 // the cursor is back where it began.
-bool Group::FindActiveDependency(CBase_ParamDependency& dependency, bool checkCurrent) {
-    if (checkCurrent && GetBoolFromScript(dependency.get_dep(), kNoId)) return true;
-    const std::int32_t start = dependency.get_idx();
-    for (dependency.MoveNext(); dependency.get_idx() != start; dependency.MoveNext()) {
-        const Text rule = dependency.get_dep();
-        if (rule.empty() || GetBoolFromScript(rule, kNoId)) return true;
+bool Group::FindActiveDependency(RuledParameter& parameter, bool checkCurrent) {
+    if (checkCurrent && Holds(parameter, parameter.Rule(), kNoId)) return true;
+    const std::int32_t start = parameter.Index();
+    for (parameter.NextRow(); parameter.Index() != start; parameter.NextRow()) {
+        const Text rule = parameter.Rule();
+        if (rule.empty() || Holds(parameter, rule, kNoId)) return true;
     }
     return false;
+}
+
+void Group::StandBelow(Workload& channel, std::size_t position) noexcept {
+    mChannelWork = &channel;
+    mChannelPosition = position;
+    if (mSwept) mSwept->Work().StandBelow(mChannelWork, mChannelPosition);
 }
 
 }  // namespace ov

@@ -7,6 +7,16 @@
 
 namespace ov {
 
+Ref<IDispatch> Group::desc() {
+    if (mRecord) mRecord->OpenRows();
+    return mDesc ? mDesc->Dispatch() : nullptr;
+}
+
+Collection* Group::Row() {
+    if (mRecord && mRecord->RowsAreOpen()) Traces::Leave(Unrepeatable::Object);
+    return mDesc.get();
+}
+
 Text Group::name() {
     return Services() ? Services()->GetTranslatedText(mNameId) : Text();
 }

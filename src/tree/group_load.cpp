@@ -1,5 +1,6 @@
 // How a group takes its row, makes its parameters, and ends.
 #include "descriptor/row_collection.h"
+#include "parameters/parameter.h"
 #include "parameters/parameter_factory.h"
 #include "platform/automation/operators.h"
 #include "platform/automation/record.h"
@@ -15,6 +16,7 @@ void Group::Config(Channel* channel, const tBaseDescriptorDB& desc) {
     if (const Ref<IBase_SpecModule> module = static_cast<IBase_SpecChannel*>(channel)->module()) {
         mScriptHost->BindModule(module.get());
     }
+    mRecord = channel->Record();
     mDesc = RowToCollection(*desc.rs);
     mGroupType = ToLong(mDesc->Get(u"GroupType"));
     mId = mDesc->Get(u"groupId");
@@ -24,6 +26,7 @@ void Group::Config(Channel* channel, const tBaseDescriptorDB& desc) {
 bool Group::LoadParameters() {
     if (mParameters) return true;
     const Ref<Group> alive = this;
+    Traces::Leave(Unrepeatable::Load);
     if (GlobalDiagnostics().timing && DebugOutput()) {
         LogEntry(Dispatch(), u"Id '" + TextForLog(mId) + u"': LoadParameters():");
     }
@@ -40,6 +43,12 @@ void Group::ReadParameters() {
     mGuiParameters = MakeObject<TypedList<IBase_GuiParameter>>();
     mParameters = MakeObject<TypedList<IBase_SpecParameter>>();
     mParameters->SetUnderlying(mGuiParameters->Underlying());
+    mGuiParameters->KeepRecord(mRecord);
+    mParameters->KeepRecord(mRecord);
+    mSwept.emplace(mRecord, [](IBase_Internal& parameter, Workload& work, std::size_t position) {
+        if (auto* own = dynamic_cast<ov::Parameter*>(&parameter)) own->Trace().StandAt(&work, position);
+    });
+    if (mChannelWork) mSwept->Work().StandBelow(mChannelWork, mChannelPosition);
     tBaseDescriptorDB desc;
     if (const Ref<ModuleServices> module = Module()) desc.db = module->GetDB();
     if (!desc.db || !mScriptHost) Raise(ErrorNumber::ObjectVariableNotSet);
@@ -65,7 +74,8 @@ void Group::ReadParameters() {
             lastId = id;
             parameter = CreateParameter(desc);
             if (const auto spec = facet<IBase_SpecParameter>(parameter)) {
-                mParameters->Add(spec.get(), ToText(parameter->id()));
+                mParameters->Enter(spec.get(), ToText(parameter->id()));
+                mSwept->NoteGrowth();
             }
         } else if (parameter) {
             AddAlternative(*parameter, *desc.rs);
@@ -140,7 +150,10 @@ Ref<Collection> Group::GroupScripts() {
 }
 
 Ref<Collection> Group::ScriptResultCache() {
-    if (!mScriptResults) mScriptResults = MakeObject<Collection>();
+    if (!mScriptResults) {
+        mScriptResults = MakeObject<Collection>();
+        if (mSwept) mSwept->Work().pass.Touch();  // the next pass over the channel drops them
+    }
     return mScriptResults;
 }
 

@@ -2,9 +2,12 @@
 /// The one implementation of the typed collections.
 #pragma once
 
+#include <memory>
+
 #include "contract/collections.h"
 #include "platform/automation/collection.h"
 #include "platform/automation/object.h"
+#include "record/rule_record.h"
 
 namespace ov {
 
@@ -38,21 +41,35 @@ public:
     TypedList() : mCollection(MakeObject<Collection>()) {}
 
     Ref<Element> Add(Element* obj, const Text& key) override {
+        NoteChange();
         mCollection->RemoveKey(key);
         mCollection->TryAdd(key, Variant(static_cast<IDispatch*>(obj)));
         return obj;
     }
     std::int32_t Count() override { return mCollection->Count(); }
-    void Remove(const Text& key) override { mCollection->RemoveKey(key); }
+    void Remove(const Text& key) override {
+        NoteChange();
+        mCollection->RemoveKey(key);
+    }
     Ref<Element> get_Item(const Text& key) override { return AsElement(mCollection->Find(key)); }
     void set_Item(const Text& key, Element* value) override { Add(value, key); }
     Ref<IEnumVariant> NewEnum() override { return MakeObject<ElementEnumerator<Element>>(mCollection->NewEnum()); }
     bool Inside(const Text& key) override { return mCollection->Find(key) != nullptr; }
-    void Clear() override { mCollection->Clear(); }
+    void Clear() override {
+        NoteChange();
+        mCollection->Clear();
+    }
     Ref<Element> get_first() override {
         std::size_t cursor = 0;
         return AsElement(mCollection->Next(cursor));
     }
+
+    /// Adds an element that is being loaded: only where it takes another one's place is that a change for rules.
+    void Enter(Element* obj, const Text& key) {
+        if (!mCollection->TryAdd(key, Variant(static_cast<IDispatch*>(obj)))) Add(obj, key);
+    }
+    /// Rules find elements in this list: the record of their tree is told of its changes.
+    void KeepRecord(const std::shared_ptr<RuleRecord>& record) { mRecord = record; }
 
     /// The list behind this view.
     const Ref<Collection>& Underlying() const noexcept { return mCollection; }
@@ -77,7 +94,12 @@ public:
 private:
     static Ref<Element> AsElement(const Variant* item) { return item ? facet<Element>(item->AsObject()) : nullptr; }
 
+    void NoteChange() noexcept {
+        if (const std::shared_ptr<RuleRecord> record = mRecord.lock()) record->ForgetAll();
+    }
+
     Ref<Collection> mCollection;
+    std::weak_ptr<RuleRecord> mRecord;
 };
 
 }  // namespace ov

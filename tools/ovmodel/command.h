@@ -28,6 +28,7 @@ void AddTextCommand(CLI::App& app);
 void AddTreeCommand(CLI::App& app);
 void AddGetCommand(CLI::App& app);
 void AddSetCommand(CLI::App& app);
+void AddExplainCommand(CLI::App& app, int& status);
 void AddSaveCommand(CLI::App& app);
 void AddLoadCommand(CLI::App& app);
 void AddCompareCommand(CLI::App& app, int& status);

@@ -82,6 +82,7 @@ int main(int argc, char** argv) {
         ovmodel::AddTreeCommand(app);
         ovmodel::AddGetCommand(app);
         ovmodel::AddSetCommand(app);
+        ovmodel::AddExplainCommand(app, status);
         ovmodel::AddSaveCommand(app);
         ovmodel::AddLoadCommand(app);
         ovmodel::AddCompareCommand(app, status);

@@ -71,6 +71,8 @@ public:
     std::size_t size() const noexcept;
     /// Whether this is a descriptor row that nobody has added to or removed from.
     bool IsRow() const noexcept { return mColumns != nullptr; }
+    /// Changes whenever items come, go or move. Not for rows.
+    std::uint32_t Changes() const noexcept { return mTable ? mTable->Changes() : 0; }
     /// The item under @p key, or nullptr. Valid until the next change.
     const Variant* Find(std::u16string_view key) const noexcept;
     /// The item under @p key. @throws RuntimeError 5 if there is none.
@@ -101,6 +103,9 @@ public:
         /// The next item, or nullptr at the end. Valid until the next change.
         const Variant* Next() { return mCollection->Next(mCursor); }
         void Reset() noexcept { mCursor = 0; }
+        /// Where the walk stands, for MoveTo as long as the collection has not changed.
+        std::size_t Place() const noexcept { return mCursor; }
+        void MoveTo(std::size_t place) noexcept { mCursor = place; }
 
     private:
         Ref<Collection> mCollection;

@@ -40,6 +40,7 @@ public:
         if (mSlots.size() + 1 > mIndex.size() / 2) Rebuild(FreeIndex(mSize + 1));
         mSlots.push_back({std::move(entry), true});
         ++mSize;
+        ++mChanges;
         Enter(mSlots.size() - 1);
         return mSlots.back().entry;
     }
@@ -53,6 +54,7 @@ public:
         Entry taken = std::move(mSlots[at].entry);
         mSlots[at].live = false;
         --mSize;
+        ++mChanges;
         while (mFirst < mSlots.size() && !mSlots[mFirst].live) {
             ++mFirst;
         }
@@ -65,6 +67,7 @@ public:
             *cursor = 0;
         }
         mIndex.clear();
+        ++mChanges;
         mSize = 0;
         mFirst = 0;
         return std::exchange(mSlots, {});
@@ -90,6 +93,9 @@ public:
     /// one that is added if it stands at or behind the place reached.
     void Watch(std::size_t& cursor) { mCursors.push_back(&cursor); }
     void Unwatch(std::size_t& cursor) noexcept { std::erase(mCursors, &cursor); }
+
+    /// Changes whenever entries come, go or move.
+    std::uint32_t Changes() const noexcept { return mChanges; }
 
     /// Makes room for @p count entries in all; adding them cannot fail then.
     void Reserve(std::size_t count) {
@@ -138,6 +144,7 @@ private:
     }
     // Closes the gaps and enters all entries in `index`.
     void Rebuild(std::vector<std::uint32_t> index) noexcept {
+        ++mChanges;
         for (std::size_t* cursor : mCursors) {
             const auto end = mSlots.begin() + static_cast<std::ptrdiff_t>(std::min(*cursor, mSlots.size()));
             *cursor -= static_cast<std::size_t>(
@@ -156,6 +163,7 @@ private:
     std::vector<std::size_t*> mCursors;  // of the walks under way
     std::size_t mSize = 0;
     std::size_t mFirst = 0;  // slots before it are gaps
+    std::uint32_t mChanges = 0;
     MemoryAccount::Share mShare;
 };
 

@@ -81,6 +81,10 @@ void ScriptControl::ExecuteStatement(const Text& statement) {
     mEngine->Run(statement, false);
 }
 
+std::uint64_t ScriptControl::Definitions() const noexcept {
+    return mEngine->space ? mEngine->space->Definitions() : 0;
+}
+
 bool ScriptControl::HasProcedure(std::u16string_view name) const {
     return mEngine->space && mEngine->space->FindProcedure(name);
 }

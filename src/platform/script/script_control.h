@@ -66,6 +66,9 @@ public:
     /// Runs statements in the global namespace. @throws ScriptError
     void ExecuteStatement(const Text& statement);
 
+    /// Grows with every name that code, statements or the host define. Where it has not, no script has left anything
+    /// behind that another one can find.
+    std::uint64_t Definitions() const noexcept;
     /// True if there is a global procedure of this name.
     bool HasProcedure(std::u16string_view name) const;
     /// Calls a global procedure. @throws ScriptError; RuntimeError 438 if there is none

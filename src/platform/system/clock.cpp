@@ -4,6 +4,8 @@
 
 #include <chrono>
 
+#include "platform/automation/unrepeatable.h"
+
 namespace ov {
 
 namespace {
@@ -27,6 +29,7 @@ LocalTime ReadLocalTime() {
 }  // namespace
 
 Date Now() {
+    Traces::Leave(Unrepeatable::Clock);
     using namespace std::chrono;
     constexpr sys_days kDayZero{year{1899} / December / 30};
     const LocalTime local = ReadLocalTime();
@@ -37,6 +40,7 @@ Date Now() {
 }
 
 double SecondsSinceMidnight() {
+    Traces::Leave(Unrepeatable::Clock);
     const LocalTime local = ReadLocalTime();
     return local.Seconds() + static_cast<double>(local.nanoseconds) * 1e-9;
 }

@@ -141,12 +141,12 @@ TEST_F(ScriptControlTest, NamesWhatAnErrorIsAbout) {
              Case{u"Uses Array(1)", "Subscript out of range: 'list'"},
              Case{u"z = New Bax", "Class not defined: 'Bax'"},
              Case{u"q.Go", "Object required: 'q'"},
-             Case{u"Set z = CreateObject(\"A.B\")", "ActiveX component can't create object: 'A.B'"},
+             Case{u"Set z = GetObject(\"A.B\")", "ActiveX component can't create object: 'A.B'"},
              Case{u"Execute \"Probe.Runn 1\"", "Object doesn't support this property or method: 'Runn'"},
+             Case{u"z = 1 + \"a\"", "Type mismatch: '\"a\"'"},
              // No name that would mislead.
              Case{u"Err.Raise 438", "Object doesn't support this property or method"},
              Case{u"Probe.Fail 438, \"\", \"mine\"", "mine"},
-             Case{u"z = 1 + \"a\"", "Type mismatch"},
          }) {
         try {
             mControl.ExecuteStatement(c.code);

@@ -1,4 +1,5 @@
 #include "platform/automation/conversions.h"
+#include "platform/automation/unrepeatable.h"
 #include "platform/script/vbscript/machine.h"
 
 namespace ov::vbscript {
@@ -327,6 +328,7 @@ void Machine::LoadMe(const Instruction& i) {
 }
 
 void Machine::New(const Instruction& i) {
+    Traces::Leave(Unrepeatable::Object);
     const Name& name = mTop->code->names[i.b];
     Slot& link = mTop->links[i.b];
     Slot& to = mTop->slots[i.a];

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "platform/automation/errors.h"
+#include "platform/automation/unrepeatable.h"
 #include "platform/script/vbscript/compile_errors.h"
 #include "platform/script/vbscript/global_object.h"
 #include "platform/script/vbscript/instance.h"
@@ -77,6 +78,7 @@ void Namespace::Reset(Global& global, Global::Kind kind) {
 }
 
 void Namespace::Publish(const Text& name, IDispatch* object, bool addMembers) {
+    ++mDefinitions;
     if (mPublished.capacity() == 0) mPublished.reserve(8);
     mPublished.push_back({name, object, addMembers});
     if (mGlobals.size() == 0) return;
@@ -97,6 +99,7 @@ void Namespace::Publish(const Text& name, IDispatch* object, bool addMembers) {
 }
 
 void Namespace::DefineConstant(const Text& name, const Variant& value) {
+    ++mDefinitions;
     const std::uint32_t hash = HashNoCase(name);
     std::unique_ptr<Global>* known = mGlobals.Find(name, hash);
     Global& global = known ? **known : EnterName(mGlobals, name, hash);
@@ -118,9 +121,11 @@ void Namespace::DefineVariable(Global& global, const Declaration& declaration) {
 void Namespace::Define(const Ref<Unit>& unit) {
     // Names that no text has used yet can wait; few of them are found quickly.
     if (mGlobals.size() == 0 && unit->HasProceduresOnly() && unit->procedures.size() <= kMaxLazyProcedures) {
+        if (!unit->procedures.empty()) ++mDefinitions;
         mUnits.push_back(unit);
         return;
     }
+    if (unit->DefinesNames()) ++mDefinitions;
     const auto enter = [&](const Text& name, std::uint32_t hash) -> Global& {
         std::unique_ptr<Global>* known = mGlobals.Find(name, hash);
         return known ? **known : EnterName(mGlobals, name, hash);
@@ -171,6 +176,7 @@ void Namespace::DefineLocally(const Ref<Unit>& unit, Globals& locals) {
         global.procedure = Ref<BoundCode>::Adopt(new BoundCode(*this, unit, *procedure.code));
     }
     for (const std::unique_ptr<ClassCode>& code : unit->classes) {
+        ++mDefinitions;
         std::unique_ptr<Global>* known = mGlobals.Find(code->name, code->hash);
         Global& global = known ? **known : EnterName(mGlobals, code->name, code->hash);
         Reset(global, Global::Kind::Class);
@@ -252,6 +258,7 @@ BoundCode* Namespace::FindProcedure(std::u16string_view name) {
 }
 
 void Namespace::MakeVariable(Global& global) {
+    ++mDefinitions;
     global.kind = Global::Kind::Variable;
 }
 
@@ -284,6 +291,7 @@ Global* Namespace::MemberAt(std::size_t position) noexcept {
 }
 
 ErrObject& Namespace::Err() {
+    Traces::Leave(Unrepeatable::ScriptState);
     if (!mErr) mErr = MakeObject<ErrObject>();
     return *mErr;
 }

@@ -127,6 +127,8 @@ public:
     Global* MemberAt(std::size_t position) noexcept;
 
     ErrObject& Err();
+    /// Grows with each object, constant, variable, procedure and class that is defined.
+    std::uint64_t Definitions() const noexcept { return mDefinitions; }
     std::uint32_t& RandomSeed() noexcept { return mRandomSeed; }
     /// Milliseconds that one outermost call may take; 0 means no bound.
     std::int32_t timeout = 0;
@@ -156,6 +158,7 @@ private:
     static inline std::uint64_t sLastNumber = 0;
 
     bool mRuleNames;
+    std::uint64_t mDefinitions = 0;
     std::uint64_t mNumber;                // tells namespaces apart, for ever
     std::uint32_t mRandomSeed = 0x50000;  // so begins every engine
     std::vector<Published> mPublished;

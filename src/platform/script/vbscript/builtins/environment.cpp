@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <array>
 
+#include "platform/automation/unrepeatable.h"
 #include "platform/functions/arguments.h"
 #include "platform/locale/locale.h"
 #include "platform/script/vbscript/builtins/themes.h"
@@ -25,6 +26,7 @@ Variant GetLocale(BuiltinContext&, std::span<Variant>) {
 
 /// Takes a number or a name; the result is the former locale's number.
 Variant SetLocale(BuiltinContext& context, std::span<Variant> arguments) {
+    Traces::Leave(Unrepeatable::Locale);
     const Variant former = GetLocale(context, {});
     bool known = false;
     if (!IsGiven(arguments, 0)) {

@@ -1,6 +1,7 @@
 #include <array>
 #include <bit>
 
+#include "platform/automation/unrepeatable.h"
 #include "platform/functions/arguments.h"
 #include "platform/script/vbscript/builtins/themes.h"
 #include "platform/system/clock.h"
@@ -20,6 +21,7 @@ std::uint32_t NextSeed(std::uint32_t seed) noexcept {
 
 /// A negative number begins the series of its own; 0 repeats the last number.
 Variant Rnd(BuiltinContext& context, std::span<Variant> arguments) {
+    Traces::Leave(Unrepeatable::Chance);
     std::uint32_t& seed = context.RandomSeed();
     const float number = IsGiven(arguments, 0) ? ToSingle(arguments[0]) : 1.0f;
     if (number < 0) {
@@ -34,6 +36,7 @@ Variant Rnd(BuiltinContext& context, std::span<Variant> arguments) {
 Variant Randomize(BuiltinContext& context, std::span<Variant> arguments) {
     const double number = IsGiven(arguments, 0) ? ToDouble(arguments[0]) : SecondsSinceMidnight();
     const auto high = static_cast<std::uint32_t>(std::bit_cast<std::uint64_t>(number) >> 32);
+    Traces::Leave(Unrepeatable::Chance);
     std::uint32_t& seed = context.RandomSeed();
     seed = (((high ^ (high >> 16)) & 0xFFFF) << 8) | (seed & 0xFF);
     return Variant();

@@ -1,0 +1,68 @@
+/// @file
+/// How the reads of a rule get into the record.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+#include "record/rule_trace.h"
+
+namespace ov {
+
+/// Records what is read while it lives, as the reads of one rule of a parameter. Recordings nest as evaluations do. One
+/// that saw no evaluation leaves no note: the text was no rule.
+class Recording {
+public:
+    /// @p alternative tells the entries of a ring apart; it is 0 for all else.
+    Recording(RuleTrace& trace, RuleColumn column, std::uint8_t alternative = 0) noexcept;
+    /// A recording that keeps nothing: what runs meanwhile runs on a state that is none, such as a value on trial.
+    Recording() noexcept;
+    ~Recording();
+    Recording(const Recording&) = delete;
+    Recording& operator=(const Recording&) = delete;
+
+    /// What the rule came to.
+    template <class Result>
+    Result Keep(Result result) {
+        mResult = Variant(result);
+        return result;
+    }
+
+    /// How often anything has been noted as read.
+    static std::uint64_t ReadsNoted() noexcept { return sReadsNoted; }
+    static bool IsUnderWay() noexcept { return sCurrent != nullptr; }
+    /// @pre a recording is under way
+    static void NoteRead(std::uint32_t input);
+
+private:
+    void Commit();
+    RuleNote& NoteOf(RuleNotes& notes) const;
+
+    static inline Recording* sCurrent = nullptr;
+    static inline std::uint64_t sReadsNoted = 0;
+
+    RuleTrace* mTrace = nullptr;
+    Recording* mOuter;
+    std::size_t mFirst;  // of its reads among all that are under way
+    std::uint64_t mTraces;
+    std::int32_t mEvaluations;
+    RuleColumn mColumn{};
+    std::uint8_t mAlternative = 0;
+    Variant mResult;
+};
+
+/// A write by a script, while it lives: to a parameter, which notes who wrote it.
+class RuleWrite {
+public:
+    RuleWrite() noexcept { ++sDepth; }
+    ~RuleWrite() { --sDepth; }
+    RuleWrite(const RuleWrite&) = delete;
+    RuleWrite& operator=(const RuleWrite&) = delete;
+
+    static bool IsUnderWay() noexcept { return sDepth != 0; }
+
+private:
+    static inline int sDepth = 0;
+};
+
+}  // namespace ov

@@ -194,7 +194,7 @@ TEST_F(ListTest, APushButtonGoesBack) {
 
 // In a statement's list such a row is left out; in an enumeration's it is the last one read.
 TEST_F(ListTest, AValueThatTwoRowsHaveIsListedOnce) {
-    const char16_t* statement = u"SELECT 1 + (id > 4), id FROM Sensors UNION ALL SELECT 3, 1";
+    const char16_t* statement = u"SELECT 1 - (id > 4), id FROM Sensors UNION ALL SELECT 3, 1";
     const Cells cells = {{u"Type", u"SELECT"}, {u"subtype", statement}, {u"displayFormat", u"nr $1"}};
     EXPECT_THAT(Logged([&] { Make(cells); }),
                 ::testing::HasSubstr("Id '7': IBase_Internal_Config(): ERROR adding ENUM-item 'nr 9' (value=2): "));

@@ -323,8 +323,8 @@ Variant Machine::InvokeVariable(Variant& variable, CallKind kind, Arguments& arg
         return Variant();
     }
     if (variable.IsObject() && !variable.IsNothing()) {
-        const Variant object = variable;
-        return object.AsObject()->Invoke(kDispIdValue, kind, arguments);
+        const Ref<IDispatch> object = variable.AsObject();  // the call may put something else into the variable
+        return object->Invoke(kDispIdValue, kind, arguments);
     }
     if (!variable.IsArray()) Raise(ErrorNumber::TypeMismatch);
     if (isCall) return IndexArray(variable, values);

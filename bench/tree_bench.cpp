@@ -17,7 +17,6 @@
 #include "generator.h"
 #include "heap.h"
 #include "module/module.h"
-#include "parameters/parameter_owner.h"
 #include "platform/automation/conversions.h"
 #include "tree/group.h"
 
@@ -245,10 +244,10 @@ void EvaluateRule(benchmark::State& state) {
     LoadedModule module(GenerateDescriptor(Shape(200)));
     const Ref<IBase_SpecGroup> group = module.InnerGroup();
     Write(*group, {{u"2", 1}, {u"3", 6}});
-    const Ref<ParameterOwner> owner = facet<ParameterOwner>(group);
+    auto& owner = dynamic_cast<Group&>(*group);
     const Text rule = u"!:P(\"2\") = 1 And P(\"3\") > 5";
     LuaRule lua;
-    Compare(state, 3, Repeated([&] { return owner->GetBoolFromScript(rule, Variant()); }),
+    Compare(state, 3, Repeated([&] { return owner.GetBoolFromScript(rule, Variant()); }),
             Repeated([&] { return lua.RunCompiled(); }),
             AlsoBeside("ratioToCompiling", Repeated([&] { return lua.CompileAndRun(); })));
     state.SetItemsProcessed(state.iterations() * kRuns);
@@ -263,12 +262,11 @@ void SweepOfRules(benchmark::State& state) {
     const Ref<IBase_SpecGroup> group = module.Group(u"1");
     Write(*group, {{u"1", 1}, {u"2", 60}});
     auto& swept = dynamic_cast<Group&>(*group);
-    const Ref<ParameterOwner> owner = facet<ParameterOwner>(group);
     const Text rule = u"!:P(\"1\") = 1 And P(\"2\") > 50";
     const auto evaluate = [&] {
         int held = 0;
         for (int i = 0; i < kRules; ++i) {
-            held += owner->GetBoolFromScript(rule, Variant()) ? 1 : 0;
+            held += swept.GetBoolFromScript(rule, Variant()) ? 1 : 0;
         }
         return held;
     };

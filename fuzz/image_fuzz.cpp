@@ -37,14 +37,9 @@ public:
         return data.Get(field);
     }
     std::int32_t GetLongFromScript(const Text& text, const Variant&) override { return ov::ToLong(text); }
-    bool GetBoolFromScript(const Text& text, const Variant&) override { return ov::ToBoolean(text); }
     Variant GetDecimalFromScript(const Text& text, const Variant&) override { return ov::ToDecimal(text); }
-    float GetSingleFromScript(const Text& text, const Variant&) override { return ov::ToSingle(text); }
     double GetDoubleFromScript(const Text& text, const Variant&) override { return ov::ToDouble(text); }
     void GetStringValueFromScript(Text&, const Variant&) override {}
-    Text GetStringFromScript(const Text& text, const Variant&) override { return text; }
-    double GetDoubleFromVariantOrScript(const Variant&, double fallback, const Variant&) override { return fallback; }
-    bool GetBoolFromVariantOrScript(const Variant&, bool fallback, const Variant&) override { return fallback; }
     void ForgetStaticScript(Text& text, const Text& replacement) override { text = replacement; }
     Variant EvaluateRawScript(const Text&, bool, bool) override { return {}; }
     Variant EvaluateScriptOrLiteral(const Text& text, bool) override { return text; }

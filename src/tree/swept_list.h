@@ -16,14 +16,9 @@
 
 namespace ov {
 
-/// Whether sweeps run what they leave out all the same, and end the process where it does anything. For tests; the
-/// build under the sanitizers has it on.
+/// Whether sweeps run what they leave out all the same, and end the process where it does anything. For tests.
 struct SweepVerification {
-#ifdef OV_MODEL_VERIFY_SWEEPS
-    static inline bool isOn = true;
-#else
     static inline bool isOn = false;
-#endif
 };
 
 /// Numbers the elements of a list for the record, anew whenever the list has changed, and walks the ones to do. The

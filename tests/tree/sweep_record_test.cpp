@@ -63,14 +63,13 @@ public:
 private:
     std::string Id() { return "\"" + std::to_string(1 + mDice.Below(kParameters)) + "\""; }
     // Ids of other groups are mostly not there, which is a line in the log each time.
-    std::string Object(int reader) {
+    std::string Object() {
         switch (mDice.Below(8)) {
             case 0:
                 return "G(\"" + std::to_string(1 + mDice.Below(2)) + "\")";
             case 1:
                 return "CH(\"" + std::to_string(1 + mDice.Below(2)) + "\")(\"1\")";
             default:
-                mReader = reader;
                 return "P";
         }
     }
@@ -101,7 +100,7 @@ private:
             case 8:
                 return mDice.OneIn(3) ? "Int(Rnd * 3)" : "CONFCH(\"ChannelType\")";
             default:
-                return Object(reader) + "(" + IdOf(reader) + ")";
+                return Object() + "(" + IdOf(reader) + ")";
         }
     }
     std::string Rule(int reader) {
@@ -141,7 +140,6 @@ private:
     }
 
     Dice& mDice;
-    int mReader = 0;
     bool mWrites = false;
     bool mIsScript = false;
     std::string mRows =

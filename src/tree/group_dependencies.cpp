@@ -131,6 +131,7 @@ bool Group::FindActiveDependency(RuledParameter& parameter, bool checkCurrent) {
 }
 
 void Group::StandBelow(Workload& channel, std::size_t position) noexcept {
+    if (channel.record != mRecord.get()) return;  // a group of another tree
     mChannelWork = &channel;
     mChannelPosition = position;
     if (mSwept) mSwept->Work().StandBelow(mChannelWork, mChannelPosition);

@@ -50,6 +50,10 @@ void RuleTrace::NoteToDo() noexcept {
     if (mWork) mWork->SetToDo(mPosition);
 }
 
+void RuleTrace::NoteTurn() noexcept {
+    if (mWork) mWork->pass.SetToDo(mPosition);
+}
+
 void RuleTrace::NoteReconfiguration() noexcept {
     NoteChange();
     NoteToDo();

@@ -30,6 +30,9 @@ public:
     void NoteChange() noexcept;
     /// The parameter goes or comes, or its ring has moved: its steps are to do.
     void NoteToDo() noexcept;
+    /// The sweep turns the parameter's ring: a sweep within it finds the step to do. That is no trace, since the ring
+    /// comes back to where it was if nothing else changes.
+    void NoteTurn() noexcept;
     /// The parameter has another row: a change, and its steps are to do.
     void NoteReconfiguration() noexcept;
     /// The host holds the row or the ring and may change them at any time: the steps are never done.

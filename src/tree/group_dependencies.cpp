@@ -30,6 +30,7 @@ public:
     void NextRow() {
         const ParamDependency::Unwatched unwatched(*mRing);
         mRing->MoveNext();
+        Trace().NoteTurn();
     }
     /// Gives the parameter the current row of its ring.
     void TakeRow(IBase_GuiGroup* group) {

@@ -407,7 +407,6 @@ TEST_F(SweepRecord, LeavesOutNothingThatAFullSweepWouldShow) {
     const auto firstSeed = first ? static_cast<unsigned>(std::atol(first)) : 1u;
     std::uint64_t leftOut = 0;
     long compared = 0, givenUp = 0;
-    SweepVerification::isOn = std::getenv("OV_MODEL_VERIFY_SWEEPS") != nullptr;
     const std::string locales[] = {"en-US", "de-DE"};
     for (long done = 0, seed = firstSeed; done < Operations() && !HasFailure(); done += kOfDevice, ++seed) {
         SCOPED_TRACE("seed " + std::to_string(seed));

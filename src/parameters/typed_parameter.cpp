@@ -40,7 +40,7 @@ bool TypedParameter<T>::EvaluateConsistency(const T& candidate) {
         TypedParameter& parameter;
         Content former = parameter.Held();
         std::uint64_t traces = Traces::Count();
-        Recording unrecorded{};
+        ValueOnTrial onTrial{};
         ~Trial() {
             parameter.mValue = former.value;
             parameter.mValueExt = former.state;

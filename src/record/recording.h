@@ -15,8 +15,6 @@ class Recording {
 public:
     /// @p alternative tells the entries of a ring apart; it is 0 for all else.
     Recording(RuleTrace& trace, RuleColumn column, std::uint8_t alternative = 0) noexcept;
-    /// A recording that keeps nothing: what runs meanwhile runs on a state that is none, such as a value on trial.
-    Recording() noexcept;
     ~Recording();
     Recording(const Recording&) = delete;
     Recording& operator=(const Recording&) = delete;
@@ -36,6 +34,10 @@ public:
     static void NoteRead(const RuleRecord& record, std::uint32_t input);
 
 private:
+    friend class ValueOnTrial;
+
+    // Keeps nothing.
+    Recording() noexcept;
     void Commit();
     RuleNote& NoteOf(RuleNotes& notes) const;
 
@@ -51,6 +53,23 @@ private:
     RuleColumn mColumn{};
     std::uint8_t mAlternative = 0;
     Variant mResult;
+};
+
+/// A parameter shows a value on trial while it lives. What rules read meanwhile is not noted, and whatever sweeps they
+/// run leave nothing out: the value is no change, and yet seen.
+class ValueOnTrial {
+public:
+    ValueOnTrial() noexcept { ++sDepth; }
+    ~ValueOnTrial() { --sDepth; }
+    ValueOnTrial(const ValueOnTrial&) = delete;
+    ValueOnTrial& operator=(const ValueOnTrial&) = delete;
+
+    static bool IsUnderWay() noexcept { return sDepth != 0; }
+
+private:
+    static inline int sDepth = 0;
+
+    Recording mUnrecorded;
 };
 
 /// A write by a script, while it lives: to a parameter, which notes who wrote it.

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "platform/automation/collection.h"
+#include "record/recording.h"
 #include "record/rule_record.h"
 #include "support/diagnostics.h"
 
@@ -45,6 +46,7 @@ public:
     template <class Visit>
     void Sweep(const Ref<Collection>& list, WorkSet Workload::*set, Visit visit) {
         const std::shared_ptr<RuleRecord> record = mRecord;  // a visit may end the tree
+        if (ValueOnTrial::IsUnderWay()) record->ForgetAll();
         Settle(*list);
         const std::uint32_t changes = mChanges;
         Collection::Walk rest(list);

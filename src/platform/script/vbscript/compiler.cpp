@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <limits>
 
+#include "platform/script/vbscript/forms.h"
 #include "platform/script/vbscript/lexer.h"
 #include "platform/script/vbscript/limits.h"
 #include "platform/script/vbscript/parser.h"
@@ -152,6 +153,8 @@ Ref<Unit> CompileProgram(const Program& program, const std::vector<Variant>& lit
                                     ProcedureCompiler(scope, nullptr, *procedure).CompileBody()});
     }
     ProcedureCompiler main(scope, nullptr, program.main);
+    unit->definesNames =
+        !(unit->procedures.empty() && unit->classes.empty() && unit->variables.empty() && unit->constants.empty());
     unit->hasStatements = program.result || !program.main.body.empty();
     unit->main = program.result ? main.CompileResult(*program.result) : main.CompileBody();
     return unit;
@@ -234,6 +237,8 @@ void ProcedureCompiler::Finish() {
     for (std::size_t i = 0; i < mConstants.size(); ++i) {
         mCode->constants[i].value = std::move(mConstants[i]);
     }
+    UseForms(mCode->instructions);
+    mCode->takesAll = mCode->byValue.empty() && mCode->open.empty();
     mCode->instructions.shrink_to_fit();
     mCode->marks.shrink_to_fit();
     if (mProcedure.kind == ProcedureKind::Main) return;

@@ -97,6 +97,7 @@ private:
     Operand NameOperand(const Identifier& name);
     bool IsPureFunction(const Expression& callee);
     bool MayHaveEffects(const Expression& expression);
+    bool IsElement(const Expression& expression);
     Operand ConstantOperand(Variant value);
     Operand LiteralOperand(std::uint32_t literal);
 

@@ -150,6 +150,8 @@ void ProcedureCompiler::ToTemp(const Expression& expression, std::uint16_t slot)
 // The value of a variable that is read before something that may change it.
 Operand ProcedureCompiler::Protect(Operand operand, const Expression& next) {
     if (operand.Kind() == OperandKind::Constant || IsTemp(operand) || !MayHaveEffects(next)) return operand;
+    const bool isOwn = operand.Kind() == OperandKind::Frame && operand.Index() >= mCode->parameters;
+    if (isOwn && IsElement(next)) return operand;
     const std::uint16_t slot = NewTemp();
     Emit(Opcode::Move, Slot(slot), operand);
     return Slot(slot);

@@ -167,6 +167,13 @@ bool ProcedureCompiler::MayHaveEffects(const Expression& expression) {
     }
 }
 
+// True for an element of a variable by one index. If an object is there instead, its default member gets a copy of the
+// index, so that it cannot change a local variable of this procedure.
+bool ProcedureCompiler::IsElement(const Expression& expression) {
+    return expression.kind == ExpressionKind::Call && expression.arguments.size() == 1 &&
+           VariableOf(*expression.left) && !MayHaveEffects(*expression.arguments[0]);
+}
+
 Operand ProcedureCompiler::ConstantOperand(Variant value) {
     mConstants.push_back(std::move(value));
     return Operand::Of(OperandKind::Constant, mConstants.size() - 1);

@@ -25,6 +25,11 @@ private:
     Variant** mTargets;
 };
 
+/// True if none of the arguments stands for a variable.
+[[gnu::always_inline]] inline bool HoldsValues(const Slot* arguments, std::size_t count) noexcept {
+    return std::none_of(arguments, arguments + count, [](const Slot& slot) { return slot.IsAlias(); });
+}
+
 }  // namespace
 
 // Puts a call's result in its place. Arguments have ended before.
@@ -35,7 +40,7 @@ void Machine::Finish(Slot* result, Variant&& value, std::uint8_t flags) noexcept
 // Calls something native with arguments that are values or stand for variables, and ends them.
 template <class Function>
 Variant Machine::CallWithValues(Slot* arguments, std::size_t count, Function function) {
-    if (std::none_of(arguments, arguments + count, [](const Slot& slot) { return slot.IsAlias(); })) {
+    if (HoldsValues(arguments, count)) {
         Arguments call{{count == 0 ? nullptr : &arguments[0].value, count}};
         Variant result = function(call);
         mWritten = call.written;
@@ -80,6 +85,9 @@ void Machine::CallName(const Instruction& i) {
         return CallObject(*link.link.variable, window, i.c, window, i.flags);
     }
     Global& global = GlobalOf(link);
+    if (global.kind == Global::Kind::Procedure) {
+        return PushFrame(*global.procedure, nullptr, window, i.c, window, (i.flags & kDiscard) != 0);
+    }
     if (global.kind == Global::Kind::Object) return CallPublished(global, window, i.c, i.flags);
     if (global.kind == Global::Kind::Undefined) IsWritten(global);
     CallGlobal(global, i.a, i.c, i.flags);
@@ -94,10 +102,20 @@ bool Machine::CallsItself(const Variant& variable, const Instruction& i) const n
 
 void Machine::CallPublished(Global& global, Slot* window, std::size_t count, std::uint8_t flags) {
     IDispatch* const object = global.value.AsObject();
+    if (global.call && global.call->Takes(count) && HoldsValues(window, count)) {
+        const Ref<IDispatch> keep(object);  // the script may take it from the engine
+        Arguments call{{&window->value, count}};
+        Variant value = global.call->call(object, call);
+        mWritten = call.written;
+        ClearSlots(window, count);
+        Tick(kStepsOfHostCall);
+        if (!(flags & kDiscard)) new (&window->value) Variant(std::move(value));  // the arguments have ended
+        return;
+    }
     if (!object || Instance::From(object) || FunctionObject::From(object)) {
         return CallObject(global.value, window, count, window, flags);
     }
-    const Ref<IDispatch> keep(object);  // the script may take it from the engine
+    const Ref<IDispatch> keep(object);
     Variant value = InvokeObject(object, kDispIdValue, CallKind::Call, window, count);
     if (!(flags & kDiscard)) new (&window->value) Variant(std::move(value));  // the arguments have ended
 }
@@ -396,7 +414,7 @@ void Machine::RunText(Intrinsic intrinsic, const Text& source, Slot* result, boo
     Frame* const scope = intrinsic == Intrinsic::ExecuteGlobal ? nullptr : mTop->scope;
     if (scope && intrinsic == Intrinsic::Execute) {
         space.DefineLocally(unit, LocalNames(*scope));
-        if (unit->DefinesNames()) Shadow(*scope, *unit);  // the loop takes the links again behind the text's end
+        if (unit->definesNames) Shadow(*scope, *unit);  // the loop takes the links again behind the text's end
     } else {
         space.Define(unit);
         if (!unit->hasStatements) return;

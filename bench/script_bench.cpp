@@ -91,6 +91,28 @@ void NumericLoop(benchmark::State& state) {
 }
 BENCHMARK(NumericLoop)->UseManualTime();
 
+void DoubleLoop(benchmark::State& state) {
+    CompareFunctions(state, 1,
+                     u"Function Work\n"
+                     u"  Dim s, x, i\n"
+                     u"  s = 0.5: x = 1.25\n"
+                     u"  For i = 1 To 200000\n"
+                     u"    x = x * 0.999 + 0.25\n"
+                     u"    If x > 100.5 Then s = s - x Else s = s + x / 3.5\n"
+                     u"  Next\n"
+                     u"  Work = s\n"
+                     u"End Function\n",
+                     "function work()\n"
+                     "  local s, x = 0.5, 1.25\n"
+                     "  for i = 1, 200000 do\n"
+                     "    x = x * 0.999 + 0.25\n"
+                     "    if x > 100.5 then s = s - x else s = s + x / 3.5 end\n"
+                     "  end\n"
+                     "  return s\n"
+                     "end\n");
+}
+BENCHMARK(DoubleLoop)->UseManualTime();
+
 void FunctionCalls(benchmark::State& state) {
     CompareFunctions(state, 2,
                      u"Function Add(a, b): Add = a + b: End Function\n"
@@ -177,6 +199,34 @@ void ArraySums(benchmark::State& state) {
                      "end\n");
 }
 BENCHMARK(ArraySums)->UseManualTime();
+
+// Errors that a script passes over, each looked at and cleared, beside protected calls that fail.
+void PassedErrors(benchmark::State& state) {
+    CompareFunctions(state, 3,
+                     u"Function Work\n"
+                     u"  Dim i, n, x, zero, a(3): n = 0: zero = 0\n"
+                     u"  On Error Resume Next\n"
+                     u"  For i = 1 To 1000\n"
+                     u"    x = i \\ zero\n"
+                     u"    If Err.Number <> 0 Then n = n + 1: Err.Clear\n"
+                     u"    x = \"text\" + i\n"
+                     u"    If Err.Number <> 0 Then n = n + 1: Err.Clear\n"
+                     u"    x = a(i + 3)\n"
+                     u"    If Err.Number <> 0 Then n = n + 1: Err.Clear\n"
+                     u"    Err.Raise 1000\n"
+                     u"    If Err.Number <> 0 Then n = n + 1: Err.Clear\n"
+                     u"  Next\n"
+                     u"  Work = n\n"
+                     u"End Function\n",
+                     "function work()\n"
+                     "  local n = 0\n"
+                     "  for i = 1, 4000 do\n"
+                     "    if not pcall(error, 'text') then n = n + 1 end\n"
+                     "  end\n"
+                     "  return n\n"
+                     "end\n");
+}
+BENCHMARK(PassedErrors)->UseManualTime();
 
 /// What the rules call "P": parameters by id.
 class IParameters : public IDispatch {

@@ -203,7 +203,8 @@ static_assert(sizeof(Variant) == 16);
 inline const Variant* Array::Find(std::int32_t index) const noexcept {
     if (!mRep) return nullptr;
     const std::int64_t offset = std::int64_t{index} - mRep->lower;
-    return static_cast<std::uint64_t>(offset) < mRep->count ? mRep->row + offset : nullptr;
+    if (static_cast<std::uint64_t>(offset) >= mRep->count) return nullptr;
+    return mRep->row + offset;
 }
 
 inline Variant* Array::FindOwn(std::int32_t index) noexcept {

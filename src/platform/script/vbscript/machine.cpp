@@ -94,6 +94,15 @@ void Machine::Execute() {
     for (;;) {
         try {
             return Loop();
+        } catch (const ScriptTimeout&) {
+            Recover(entry);
+        } catch (const RuntimeError& error) {
+            // Short cut: thrown once is enough.
+            if (Frame* const handler = HandlerUpTo(entry)) {
+                Resume(*handler, error);
+            } else {
+                Recover(entry);
+            }
         } catch (...) {
             Recover(entry);
         }

@@ -105,6 +105,7 @@ private:
     static void Store(Variant& variable, Variant&& value) noexcept;
 
     // Operators.
+    // Whatever fails may leave the place where it goes on in the frame on the top.
     void Operate(const Instruction& instruction);
     void Compare(const Instruction& instruction);
     bool Test(const Instruction& instruction);
@@ -141,6 +142,7 @@ private:
     // Calls. They leave the frame that is to go on as the current one.
     void CallName(const Instruction& instruction);
     void CallMember(const Instruction& instruction);
+    bool RaisesPlainly(IDispatch* object, const MemberSite& site, const Slot* arguments, std::size_t count);
     void CallValue(const Instruction& instruction);
     bool CallsItself(const Variant& variable, const Instruction& instruction) const noexcept;
     void CallPublished(Global& global, Slot* window, std::size_t count, std::uint8_t flags);
@@ -189,6 +191,9 @@ private:
     void Recover(const Frame* entry);
     Frame* HandlerUpTo(const Frame* entry) const noexcept;
     void Resume(Frame& handler, const RuntimeError& error);
+    bool GoesOn() const noexcept { return mTop->resumeNext; }
+    void Fail(const RuntimeError& error);
+    void Fail(ErrorNumber number) { Fail(RuntimeError(number)); }
     Text SubjectOf(const RuntimeError& error) const noexcept;
     Text SubjectOfOperator(const RuntimeError& error, const Instruction& instruction) const;
     Text NameOf(Operand operand) const;

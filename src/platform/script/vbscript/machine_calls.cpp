@@ -4,6 +4,7 @@
 #include "platform/automation/conversions.h"
 #include "platform/automation/interface_info.h"
 #include "platform/script/vbscript/code_cache.h"
+#include "platform/script/vbscript/fast_operators.h"
 #include "platform/script/vbscript/machine.h"
 
 namespace ov::vbscript {
@@ -206,17 +207,36 @@ void Machine::CallMember(const Instruction& i) {
     Slot* const window = mTop->slots + i.a;
     const MemberSite& site = mTop->code->sites[i.b];
     const Variant& value = window->value;
-    if (!value.IsObject()) Raise(ErrorNumber::ObjectRequired);
+    if (!value.IsObject()) return Fail(ErrorNumber::ObjectRequired);
     if (value.IsNothing()) {
-        Raise(i.flags & kWith ? ErrorNumber::ObjectVariableNotSet : ErrorNumber::ObjectRequired);
+        return Fail(i.flags & kWith ? ErrorNumber::ObjectVariableNotSet : ErrorNumber::ObjectRequired);
     }
     IDispatch* const object = value.AsObject();
+    if (GoesOn() && RaisesPlainly(object, site, window + 1, i.c)) return;
     if (Instance* instance = Instance::From(object)) {
         const ClassCode::Member& member = FindMember(*instance, site, CallKind::Call, (i.flags & kOwn) != 0);
         return CallInstance(*instance, member, window + 1, i.c, window, i.flags);
     }
     Variant result = InvokeObject(object, FindMember(object, site), CallKind::Call, window + 1, i.c);
     Finish(window, std::move(result), i.flags);
+}
+
+// Err.Raise as it mostly is, with a number and maybe texts: the error takes its way without an exception.
+bool Machine::RaisesPlainly(IDispatch* object, const MemberSite& site, const Slot* arguments, std::size_t count) {
+    static const DispId raise = IErr::Members().Find(u"Raise");
+    if (site.id != raise || site.info != &IErr::Members() || object->GetTypeInfo() != site.info) return false;
+    if (count == 0 || count > 3) return false;
+    const auto argument = [&](std::size_t index) -> const Variant& {
+        return arguments[index].IsAlias() ? *arguments[index].link.variable : arguments[index].value;
+    };
+    const auto isText = [&](std::size_t index) { return index >= count || argument(index).IsString(); };
+    if (!fast::IsWhole(argument(0).Type()) || !isText(1) || !isText(2)) return false;
+    const auto text = [&](std::size_t index) {
+        return index < count ? std::optional(argument(index).AsText()) : std::nullopt;
+    };
+    ErrObject& err = static_cast<ErrObject&>(static_cast<Facet<IErr>&>(*static_cast<IErr*>(object)));
+    Fail(err.Raised(fast::Whole(argument(0)), text(1), text(2), {}, {}));
+    return true;
 }
 
 // The window's object keeps the instance alive while its arguments are read; a frame holds it itself.

@@ -82,6 +82,12 @@ void Machine::Resume(Frame& handler, const RuntimeError& error) {
     handler.pc = code.instructions.data() + code.ResumeAfter(*mark);
 }
 
+// An error of the current instruction that was foreseen: the place where it goes on is in the frame on the top.
+void Machine::Fail(const RuntimeError& error) {
+    if (!GoesOn()) throw error;
+    Resume(*mTop, error);
+}
+
 void Machine::Unwind(const Frame* entry) noexcept {
     while (mTop != entry) {
         PopFrame();

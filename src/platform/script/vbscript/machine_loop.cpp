@@ -13,14 +13,14 @@ Variant& Through(Slot& slot) noexcept {
 }
 
 // An element that is a number.
-bool Indexing(const Variant& array, const Variant& index, Variant& to) noexcept {
+[[gnu::always_inline]] inline bool Indexing(const Variant& array, const Variant& index, Variant& to) noexcept {
     if (!array.IsArray() || !fast::IsWhole(index.Type())) return false;
     const Variant* const element = array.AsArray().Find(fast::Whole(index));
     return element && fast::Copy(*element, to);
 }
 
 // A number into an element that holds one.
-bool Filling(Variant& array, const Variant& index, const Variant& value) noexcept {
+[[gnu::always_inline]] inline bool Filling(Variant& array, const Variant& index, const Variant& value) noexcept {
     if (!array.IsArray() || !fast::IsWhole(index.Type())) return false;
     Variant* const element = array.AsArray().FindOwn(fast::Whole(index));
     return element && fast::Copy(value, *element);
@@ -572,9 +572,7 @@ void Machine::Loop() {
         ++i;
         continue;
     operate:
-        leave();
-        Operate(*i);
-        ++i;
+        call(&Machine::Operate);
         continue;
     compare:
         leave();
@@ -658,8 +656,8 @@ void Machine::Loop() {
         continue;
     doGetElement:
         if (!Indexing(through(i->b), through(i->c), at(i->a).value)) {
-            leave();
-            GetElement(*i);
+            call(&Machine::GetElement);
+            continue;
         }
         ++i;
         continue;
@@ -669,9 +667,7 @@ void Machine::Loop() {
         ++i;
         continue;
     doPutElement:
-        leave();
-        PutElement(*i);
-        ++i;
+        call(&Machine::PutElement);
         continue;
 
     doLoadName:
@@ -723,9 +719,7 @@ void Machine::Loop() {
         enter();
         continue;
     step:
-        leave();
-        Step(*i);
-        ++i;
+        call(&Machine::Step);
     }
 }
 #pragma GCC diagnostic pop

@@ -1,6 +1,7 @@
 #include "platform/automation/conversions.h"
 #include "platform/automation/operators.h"
 #include "platform/script/vbscript/fast_operators.h"
+#include "platform/script/vbscript/foreseen_errors.h"
 #include "platform/script/vbscript/forms.h"
 #include "platform/script/vbscript/machine.h"
 
@@ -80,6 +81,9 @@ void Machine::Operate(const Instruction& i) {
     const Opcode op = GeneralOf(i.op);
     Slot& a = At(i.b);
     Slot& b = IsUnary(op) ? a : At(i.c);
+    if (GoesOn() && !a.IsName() && !b.IsName()) {
+        if (const auto error = ForeseenError(op, Read(a), Read(b))) return Fail(*error);
+    }
     // Two names that are calls would share the place of their values.
     Variant result = a.IsName() ? Compute(op, Variant(Read(a)), Read(b)) : Compute(op, Read(a), Read(b));
     if (i.flags & kFreeB) a.Clear();

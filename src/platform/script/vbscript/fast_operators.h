@@ -212,25 +212,24 @@ template <class Operation>
     return true;
 }
 
-/// One step of a For loop over numbers of type @p T. False, with nothing changed, if the next number is none.
+/// One step of a For loop over numbers of type @p T, behind which the loop goes on.
 template <class T>
-[[gnu::always_inline]] inline bool StepBy(Variant& variable, T value, T limit, T step, bool& again) noexcept {
+[[gnu::always_inline]] inline bool StepBy(Variant& variable, T value, T limit, T step) noexcept {
     T next;
-    if (__builtin_add_overflow(value, step, &next)) return false;
+    if (__builtin_add_overflow(value, step, &next) || (step >= 0 ? next > limit : next < limit)) return false;
     Put(variable, next);
-    again = step >= 0 ? next <= limit : next >= limit;
     return true;
 }
 
-/// One step of a For loop over whole numbers. @p step has the type of @p limit.
-[[gnu::always_inline]] inline bool ForNext(Variant& variable, const Variant& limit, const Variant& step,
-                                           bool& again) noexcept {
+/// One step of a For loop over whole numbers, behind which the loop goes on. False, with nothing changed, for any
+/// other. @p step has the type of @p limit.
+[[gnu::always_inline]] inline bool ForNext(Variant& variable, const Variant& limit, const Variant& step) noexcept {
     if (variable.Type() != limit.Type()) return false;
     if (limit.Type() == VarType::Long) [[likely]] {
-        return StepBy(variable, variable.AsLong(), limit.AsLong(), step.AsLong(), again);
+        return StepBy(variable, variable.AsLong(), limit.AsLong(), step.AsLong());
     }
     if (limit.Type() == VarType::Integer) {
-        return StepBy(variable, variable.AsInteger(), limit.AsInteger(), step.AsInteger(), again);
+        return StepBy(variable, variable.AsInteger(), limit.AsInteger(), step.AsInteger());
     }
     return false;
 }

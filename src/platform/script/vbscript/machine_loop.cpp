@@ -626,18 +626,12 @@ void Machine::Loop() {
         continue;
     doForNextSlots:
         tick();
-        if (!fast::ForNext(slot(i->a), slot(i->b), slot(i->b + Operand::kSlotSize), holds)) [[unlikely]]
-            goto forNext;
-        if (holds) goto jump;
-        ++i;
-        continue;
+        if (fast::ForNext(slot(i->a), slot(i->b), slot(i->b + Operand::kSlotSize))) [[likely]]
+            goto jump;
+        goto forNext;
     doForNext:
         tick();
-        if (!fast::ForNext(through(i->a), slot(i->b), slot(i->b + Operand::kSlotSize), holds)) [[unlikely]]
-            goto forNext;
-        if (holds) goto jump;
-        ++i;
-        continue;
+        if (fast::ForNext(through(i->a), slot(i->b), slot(i->b + Operand::kSlotSize))) goto jump;
     forNext:
         leave();
         if (ForNext(*i)) goto jump;

@@ -113,10 +113,12 @@ TEST_F(OperandForms, LoopsAndElementsAgreeToo) {
         u"  n = a(3): s = s & \" \" & Err.Number: Err.Clear\n"
         u"  a(-1) = 1: s = s & \" \" & Err.Number: Err.Clear\n"
         u"  n = n.x: s = s & \" \" & Err.Number: Err.Clear\n"
+        u"  s = s & (\"x\" - 1) & \"never\": s = s & a(9) & \"never\": n = 1 + 2 * (3 \\ 2) * \"x\"\n"
+        u"  s = s & \" \" & Err.Number: Err.Clear\n"
         u"  Err.Raise 7, \"me\": s = s & \" \" & Err.Number & Err.Source & Err.Description\n"
         u"  Elements = s & \" \" & IsEmpty(n)\n"
         u"End Function");
-    EXPECT_EQ(Outcome(u"Elements()"), "String 122True 9 9 424 7meOut of memory True");
+    EXPECT_EQ(Outcome(u"Elements()"), "String 122True 9 9 424 13 7meOut of memory True");
 }
 
 }  // namespace

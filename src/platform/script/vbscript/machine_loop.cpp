@@ -47,118 +47,29 @@ static_assert(sizeof(Slot) == Operand::kSlotSize);
 // function behind `Leaving`, which notes where the procedure is.
 void Machine::Loop() {
     // In the order of the opcodes.
+    // clang-format off
     static const void* const labels[] = {
-        &&doLet,
-        &&step,
-        &&doMove,
-        &&doPassRef,
-        &&doPassName,
-        &&doLoadName,
-        &&step,
-        &&doNew,
-        &&step,
-        &&doAdd,
-        &&doSubtract,
-        &&doMultiply,
-        &&doDivide,
-        &&doIntegerDivide,
-        &&doModulo,
-        &&step,
-        &&doConcatenate,
-        &&doAnd,
-        &&doOr,
-        &&step,
-        &&step,
-        &&step,
-        &&step,
-        &&doEqual,
-        &&doNotEqual,
-        &&doLess,
-        &&doLessEqual,
-        &&doGreater,
-        &&doGreaterEqual,
-        &&doNegate,
-        &&step,
-        &&step,
-        &&step,
-        &&doJump,
-        &&doJumpBack,
-        &&doJumpIfFalse,
-        &&doJumpIfTrue,
-        &&doJumpUnlessEqual,
-        &&doJumpUnlessNotEqual,
-        &&doJumpUnlessLess,
-        &&doJumpUnlessLessEqual,
-        &&doJumpUnlessGreater,
-        &&doJumpUnlessGreaterEqual,
-        &&doJumpWhenEqual,
-        &&doForStart,
-        &&doForNext,
-        &&step,
-        &&doForEachNext,
-        &&doCallName,
-        &&doCallMember,
-        &&doCallValue,
-        &&doGetElement,
-        &&step,
-        &&doPutElement,
-        &&step,
-        &&doPutMember,
-        &&step,
-        &&step,
-        &&step,
-        &&step,
-        &&doReturn,
-        &&doResult,
-        &&step,
-        &&step,
-        &&doLetSlots,
-        &&doLetConstant,
-        &&doMoveSlots,
-        &&doMoveConstant,
-        &&doAddSlots,
-        &&doAddConstant,
-        &&doSubtractSlots,
-        &&doSubtractConstant,
-        &&doMultiplySlots,
-        &&doMultiplyConstant,
-        &&doDivideSlots,
-        &&doDivideConstant,
-        &&doIntegerDivideSlots,
-        &&doIntegerDivideConstant,
-        &&doModuloSlots,
-        &&doModuloConstant,
-        &&doAndSlots,
-        &&doOrSlots,
-        &&doEqualSlots,
-        &&doEqualConstant,
-        &&doNotEqualSlots,
-        &&doNotEqualConstant,
-        &&doLessSlots,
-        &&doLessConstant,
-        &&doLessEqualSlots,
-        &&doLessEqualConstant,
-        &&doGreaterSlots,
-        &&doGreaterConstant,
-        &&doGreaterEqualSlots,
-        &&doGreaterEqualConstant,
-        &&doJumpIfFalseSlots,
-        &&doJumpUnlessEqualSlots,
-        &&doJumpUnlessEqualConstant,
-        &&doJumpUnlessNotEqualSlots,
-        &&doJumpUnlessNotEqualConstant,
-        &&doJumpUnlessLessSlots,
-        &&doJumpUnlessLessConstant,
-        &&doJumpUnlessLessEqualSlots,
-        &&doJumpUnlessLessEqualConstant,
-        &&doJumpUnlessGreaterSlots,
-        &&doJumpUnlessGreaterConstant,
-        &&doJumpUnlessGreaterEqualSlots,
-        &&doJumpUnlessGreaterEqualConstant,
-        &&doForNextSlots,
-        &&doGetElementSlots,
+        &&doLet, &&step, &&doMove, &&doPassRef, &&doPassName, &&doLoadName, &&step, &&doNew, &&step, &&doAdd,
+        &&doSubtract, &&doMultiply, &&doDivide, &&doIntegerDivide, &&doModulo, &&step, &&doConcatenate, &&doAnd,
+        &&doOr, &&step, &&step, &&step, &&step, &&doEqual, &&doNotEqual, &&doLess, &&doLessEqual, &&doGreater,
+        &&doGreaterEqual, &&doNegate, &&step, &&step, &&step, &&doJump, &&doJumpBack, &&doJumpIfFalse, &&doJumpIfTrue,
+        &&doJumpUnlessEqual, &&doJumpUnlessNotEqual, &&doJumpUnlessLess, &&doJumpUnlessLessEqual,
+        &&doJumpUnlessGreater, &&doJumpUnlessGreaterEqual, &&doJumpWhenEqual, &&doForStart, &&doForNext, &&step,
+        &&doForEachNext, &&doCallName, &&doCallMember, &&doCallValue, &&doGetElement, &&step, &&doPutElement, &&step,
+        &&doPutMember, &&step, &&step, &&step, &&step, &&doReturn, &&doResult, &&step, &&step, &&doLetSlots,
+        &&doLetConstant, &&doMoveSlots, &&doMoveConstant, &&doAddSlots, &&doAddConstant, &&doSubtractSlots,
+        &&doSubtractConstant, &&doMultiplySlots, &&doMultiplyConstant, &&doDivideSlots, &&doDivideConstant,
+        &&doIntegerDivideSlots, &&doIntegerDivideConstant, &&doModuloSlots, &&doModuloConstant, &&doAndSlots,
+        &&doOrSlots, &&doEqualSlots, &&doEqualConstant, &&doNotEqualSlots, &&doNotEqualConstant, &&doLessSlots,
+        &&doLessConstant, &&doLessEqualSlots, &&doLessEqualConstant, &&doGreaterSlots, &&doGreaterConstant,
+        &&doGreaterEqualSlots, &&doGreaterEqualConstant, &&doJumpIfFalseSlots, &&doJumpUnlessEqualSlots,
+        &&doJumpUnlessEqualConstant, &&doJumpUnlessNotEqualSlots, &&doJumpUnlessNotEqualConstant,
+        &&doJumpUnlessLessSlots, &&doJumpUnlessLessConstant, &&doJumpUnlessLessEqualSlots,
+        &&doJumpUnlessLessEqualConstant, &&doJumpUnlessGreaterSlots, &&doJumpUnlessGreaterConstant,
+        &&doJumpUnlessGreaterEqualSlots, &&doJumpUnlessGreaterEqualConstant, &&doForNextSlots, &&doGetElementSlots,
         &&doPutElementSlots,
     };
+    // clang-format on
     static_assert(std::size(labels) == static_cast<std::size_t>(kLastForm) + 1);
 
     Frame* frame;
@@ -204,11 +115,25 @@ void Machine::Loop() {
         leave();
         CheckTime();
     };
-    // For an instruction that may begin a frame.
+    // Behind a short cut: goes on if it was one.
+    const auto stepped = [&](bool done) __attribute__((always_inline)) {
+        if (!done) [[unlikely]]
+            return false;
+        ++i;
+        return true;
+    };
+    // The same for the comparison of a jump.
+    const auto decided = [&](bool known) __attribute__((always_inline)) {
+        if (!known) [[unlikely]]
+            return false;
+        i += holds ? 1 : i->Distance();
+        return true;
+    };
+    // For an instruction that may begin a frame, or go on elsewhere behind an error.
     const auto call = [&](void(Machine::*function)(const Instruction&)) __attribute__((always_inline)) {
         leave();
         (this->*function)(*i);
-        if (mTop == frame) {
+        if (mTop == frame && frame->pc == i + 1) {
             ++i;
         } else {
             enter();
@@ -219,30 +144,20 @@ void Machine::Loop() {
         goto* labels[static_cast<std::size_t>(i->op)];
 
     doLetSlots:
-        if (!fast::Copy(slot(i->b), slot(i->a))) [[unlikely]]
-            goto doLet;
-        ++i;
-        continue;
+        if (stepped(fast::Copy(slot(i->b), slot(i->a)))) continue;
+        goto doLet;
     doLetConstant:
-        if (!fast::Copy(constant(i->b), slot(i->a))) [[unlikely]]
-            goto doLet;
-        ++i;
-        continue;
+        if (stepped(fast::Copy(constant(i->b), slot(i->a)))) continue;
     doLet:
         leave();
         Let(*i);
         ++i;
         continue;
     doMoveSlots:
-        if (!fast::Copy(slot(i->b), slot(i->a))) [[unlikely]]
-            goto doMove;
-        ++i;
-        continue;
+        if (stepped(fast::Copy(slot(i->b), slot(i->a)))) continue;
+        goto doMove;
     doMoveConstant:
-        if (!CopyOrShare(constant(i->b), slot(i->a))) [[unlikely]]
-            goto doMove;
-        ++i;
-        continue;
+        if (stepped(CopyOrShare(constant(i->b), slot(i->a)))) continue;
     doMove:
         leave();
         Move(*i);
@@ -259,318 +174,161 @@ void Machine::Loop() {
         continue;
 
     doAddSlots:
-        if (!fast::Arithmetic<fast::Add>(slot(i->b), slot(i->c), slot(i->a))) [[unlikely]]
-            goto doAdd;
-        ++i;
-        continue;
+        if (stepped(fast::Arithmetic<fast::Add>(slot(i->b), slot(i->c), slot(i->a)))) continue;
+        goto doAdd;
     doAddConstant:
-        if (!fast::Arithmetic<fast::Add>(slot(i->b), constant(i->c), slot(i->a))) [[unlikely]]
-            goto doAdd;
-        ++i;
-        continue;
+        if (stepped(fast::Arithmetic<fast::Add>(slot(i->b), constant(i->c), slot(i->a)))) continue;
     doAdd:
-        if (!fast::Arithmetic<fast::Add>(through(i->b), through(i->c), through(i->a))) [[unlikely]]
-            goto operate;
-        ++i;
-        continue;
+        if (stepped(fast::Arithmetic<fast::Add>(through(i->b), through(i->c), through(i->a)))) continue;
+        goto operate;
     doSubtractSlots:
-        if (!fast::Arithmetic<fast::Subtract>(slot(i->b), slot(i->c), slot(i->a))) [[unlikely]]
-            goto doSubtract;
-        ++i;
-        continue;
+        if (stepped(fast::Arithmetic<fast::Subtract>(slot(i->b), slot(i->c), slot(i->a)))) continue;
+        goto doSubtract;
     doSubtractConstant:
-        if (!fast::Arithmetic<fast::Subtract>(slot(i->b), constant(i->c), slot(i->a))) [[unlikely]]
-            goto doSubtract;
-        ++i;
-        continue;
+        if (stepped(fast::Arithmetic<fast::Subtract>(slot(i->b), constant(i->c), slot(i->a)))) continue;
     doSubtract:
-        if (!fast::Arithmetic<fast::Subtract>(through(i->b), through(i->c), through(i->a))) [[unlikely]]
-            goto operate;
-        ++i;
-        continue;
+        if (stepped(fast::Arithmetic<fast::Subtract>(through(i->b), through(i->c), through(i->a)))) continue;
+        goto operate;
     doMultiplySlots:
-        if (!fast::Arithmetic<fast::Multiply>(slot(i->b), slot(i->c), slot(i->a))) [[unlikely]]
-            goto doMultiply;
-        ++i;
-        continue;
+        if (stepped(fast::Arithmetic<fast::Multiply>(slot(i->b), slot(i->c), slot(i->a)))) continue;
+        goto doMultiply;
     doMultiplyConstant:
-        if (!fast::Arithmetic<fast::Multiply>(slot(i->b), constant(i->c), slot(i->a))) [[unlikely]]
-            goto doMultiply;
-        ++i;
-        continue;
+        if (stepped(fast::Arithmetic<fast::Multiply>(slot(i->b), constant(i->c), slot(i->a)))) continue;
     doMultiply:
-        if (!fast::Arithmetic<fast::Multiply>(through(i->b), through(i->c), through(i->a))) [[unlikely]]
-            goto operate;
-        ++i;
-        continue;
+        if (stepped(fast::Arithmetic<fast::Multiply>(through(i->b), through(i->c), through(i->a)))) continue;
+        goto operate;
     doDivideSlots:
-        if (!fast::Divide(slot(i->b), slot(i->c), slot(i->a))) [[unlikely]]
-            goto doDivide;
-        ++i;
-        continue;
+        if (stepped(fast::Divide(slot(i->b), slot(i->c), slot(i->a)))) continue;
+        goto doDivide;
     doDivideConstant:
-        if (!fast::Divide(slot(i->b), constant(i->c), slot(i->a))) [[unlikely]]
-            goto doDivide;
-        ++i;
-        continue;
+        if (stepped(fast::Divide(slot(i->b), constant(i->c), slot(i->a)))) continue;
     doDivide:
-        if (!fast::Divide(through(i->b), through(i->c), through(i->a))) [[unlikely]]
-            goto operate;
-        ++i;
-        continue;
+        if (stepped(fast::Divide(through(i->b), through(i->c), through(i->a)))) continue;
+        goto operate;
     doIntegerDivideSlots:
-        if (!fast::WholeDivision<false>(slot(i->b), slot(i->c), slot(i->a))) [[unlikely]]
-            goto doIntegerDivide;
-        ++i;
-        continue;
+        if (stepped(fast::WholeDivision<false>(slot(i->b), slot(i->c), slot(i->a)))) continue;
+        goto doIntegerDivide;
     doIntegerDivideConstant:
-        if (!fast::WholeDivision<false>(slot(i->b), constant(i->c), slot(i->a))) [[unlikely]]
-            goto doIntegerDivide;
-        ++i;
-        continue;
+        if (stepped(fast::WholeDivision<false>(slot(i->b), constant(i->c), slot(i->a)))) continue;
     doIntegerDivide:
-        if (!fast::WholeDivision<false>(through(i->b), through(i->c), through(i->a))) [[unlikely]]
-            goto operate;
-        ++i;
-        continue;
+        if (stepped(fast::WholeDivision<false>(through(i->b), through(i->c), through(i->a)))) continue;
+        goto operate;
     doModuloSlots:
-        if (!fast::WholeDivision<true>(slot(i->b), slot(i->c), slot(i->a))) [[unlikely]]
-            goto doModulo;
-        ++i;
-        continue;
+        if (stepped(fast::WholeDivision<true>(slot(i->b), slot(i->c), slot(i->a)))) continue;
+        goto doModulo;
     doModuloConstant:
-        if (!fast::WholeDivision<true>(slot(i->b), constant(i->c), slot(i->a))) [[unlikely]]
-            goto doModulo;
-        ++i;
-        continue;
+        if (stepped(fast::WholeDivision<true>(slot(i->b), constant(i->c), slot(i->a)))) continue;
     doModulo:
-        if (!fast::WholeDivision<true>(through(i->b), through(i->c), through(i->a))) [[unlikely]]
-            goto operate;
-        ++i;
-        continue;
+        if (stepped(fast::WholeDivision<true>(through(i->b), through(i->c), through(i->a)))) continue;
+        goto operate;
     doAndSlots:
-        if (!fast::Logic<fast::And>(slot(i->b), slot(i->c), slot(i->a))) [[unlikely]]
-            goto doAnd;
-        ++i;
-        continue;
+        if (stepped(fast::Logic<fast::And>(slot(i->b), slot(i->c), slot(i->a)))) continue;
     doAnd:
-        if (!fast::Logic<fast::And>(through(i->b), through(i->c), through(i->a))) [[unlikely]]
-            goto operate;
-        ++i;
-        continue;
+        if (stepped(fast::Logic<fast::And>(through(i->b), through(i->c), through(i->a)))) continue;
+        goto operate;
     doOrSlots:
-        if (!fast::Logic<fast::Or>(slot(i->b), slot(i->c), slot(i->a))) [[unlikely]]
-            goto doOr;
-        ++i;
-        continue;
+        if (stepped(fast::Logic<fast::Or>(slot(i->b), slot(i->c), slot(i->a)))) continue;
     doOr:
-        if (!fast::Logic<fast::Or>(through(i->b), through(i->c), through(i->a))) [[unlikely]]
-            goto operate;
-        ++i;
-        continue;
+        if (stepped(fast::Logic<fast::Or>(through(i->b), through(i->c), through(i->a)))) continue;
+        goto operate;
     doEqualSlots:
-        if (!fast::Compare<fast::Equal>(slot(i->b), slot(i->c), slot(i->a))) [[unlikely]]
-            goto doEqual;
-        ++i;
-        continue;
+        if (stepped(fast::Compare<fast::Equal>(slot(i->b), slot(i->c), slot(i->a)))) continue;
+        goto doEqual;
     doEqualConstant:
-        if (!fast::Compare<fast::Equal>(slot(i->b), constant(i->c), slot(i->a))) [[unlikely]]
-            goto doEqual;
-        ++i;
-        continue;
+        if (stepped(fast::Compare<fast::Equal>(slot(i->b), constant(i->c), slot(i->a)))) continue;
     doEqual:
-        if (!fast::Compare<fast::Equal>(through(i->b), through(i->c), at(i->a).value)) [[unlikely]]
-            goto compare;
-        ++i;
-        continue;
+        if (stepped(fast::Compare<fast::Equal>(through(i->b), through(i->c), at(i->a).value))) continue;
+        goto compare;
     doNotEqualSlots:
-        if (!fast::Compare<fast::NotEqual>(slot(i->b), slot(i->c), slot(i->a))) [[unlikely]]
-            goto doNotEqual;
-        ++i;
-        continue;
+        if (stepped(fast::Compare<fast::NotEqual>(slot(i->b), slot(i->c), slot(i->a)))) continue;
+        goto doNotEqual;
     doNotEqualConstant:
-        if (!fast::Compare<fast::NotEqual>(slot(i->b), constant(i->c), slot(i->a))) [[unlikely]]
-            goto doNotEqual;
-        ++i;
-        continue;
+        if (stepped(fast::Compare<fast::NotEqual>(slot(i->b), constant(i->c), slot(i->a)))) continue;
     doNotEqual:
-        if (!fast::Compare<fast::NotEqual>(through(i->b), through(i->c), at(i->a).value)) [[unlikely]]
-            goto compare;
-        ++i;
-        continue;
+        if (stepped(fast::Compare<fast::NotEqual>(through(i->b), through(i->c), at(i->a).value))) continue;
+        goto compare;
     doLessSlots:
-        if (!fast::Compare<fast::Less>(slot(i->b), slot(i->c), slot(i->a))) [[unlikely]]
-            goto doLess;
-        ++i;
-        continue;
+        if (stepped(fast::Compare<fast::Less>(slot(i->b), slot(i->c), slot(i->a)))) continue;
+        goto doLess;
     doLessConstant:
-        if (!fast::Compare<fast::Less>(slot(i->b), constant(i->c), slot(i->a))) [[unlikely]]
-            goto doLess;
-        ++i;
-        continue;
+        if (stepped(fast::Compare<fast::Less>(slot(i->b), constant(i->c), slot(i->a)))) continue;
     doLess:
-        if (!fast::Compare<fast::Less>(through(i->b), through(i->c), at(i->a).value)) [[unlikely]]
-            goto compare;
-        ++i;
-        continue;
+        if (stepped(fast::Compare<fast::Less>(through(i->b), through(i->c), at(i->a).value))) continue;
+        goto compare;
     doLessEqualSlots:
-        if (!fast::Compare<fast::LessEqual>(slot(i->b), slot(i->c), slot(i->a))) [[unlikely]]
-            goto doLessEqual;
-        ++i;
-        continue;
+        if (stepped(fast::Compare<fast::LessEqual>(slot(i->b), slot(i->c), slot(i->a)))) continue;
+        goto doLessEqual;
     doLessEqualConstant:
-        if (!fast::Compare<fast::LessEqual>(slot(i->b), constant(i->c), slot(i->a))) [[unlikely]]
-            goto doLessEqual;
-        ++i;
-        continue;
+        if (stepped(fast::Compare<fast::LessEqual>(slot(i->b), constant(i->c), slot(i->a)))) continue;
     doLessEqual:
-        if (!fast::Compare<fast::LessEqual>(through(i->b), through(i->c), at(i->a).value)) [[unlikely]]
-            goto compare;
-        ++i;
-        continue;
+        if (stepped(fast::Compare<fast::LessEqual>(through(i->b), through(i->c), at(i->a).value))) continue;
+        goto compare;
     doGreaterSlots:
-        if (!fast::Compare<fast::Greater>(slot(i->b), slot(i->c), slot(i->a))) [[unlikely]]
-            goto doGreater;
-        ++i;
-        continue;
+        if (stepped(fast::Compare<fast::Greater>(slot(i->b), slot(i->c), slot(i->a)))) continue;
+        goto doGreater;
     doGreaterConstant:
-        if (!fast::Compare<fast::Greater>(slot(i->b), constant(i->c), slot(i->a))) [[unlikely]]
-            goto doGreater;
-        ++i;
-        continue;
+        if (stepped(fast::Compare<fast::Greater>(slot(i->b), constant(i->c), slot(i->a)))) continue;
     doGreater:
-        if (!fast::Compare<fast::Greater>(through(i->b), through(i->c), at(i->a).value)) [[unlikely]]
-            goto compare;
-        ++i;
-        continue;
+        if (stepped(fast::Compare<fast::Greater>(through(i->b), through(i->c), at(i->a).value))) continue;
+        goto compare;
     doGreaterEqualSlots:
-        if (!fast::Compare<fast::GreaterEqual>(slot(i->b), slot(i->c), slot(i->a))) [[unlikely]]
-            goto doGreaterEqual;
-        ++i;
-        continue;
+        if (stepped(fast::Compare<fast::GreaterEqual>(slot(i->b), slot(i->c), slot(i->a)))) continue;
+        goto doGreaterEqual;
     doGreaterEqualConstant:
-        if (!fast::Compare<fast::GreaterEqual>(slot(i->b), constant(i->c), slot(i->a))) [[unlikely]]
-            goto doGreaterEqual;
-        ++i;
-        continue;
+        if (stepped(fast::Compare<fast::GreaterEqual>(slot(i->b), constant(i->c), slot(i->a)))) continue;
     doGreaterEqual:
-        if (!fast::Compare<fast::GreaterEqual>(through(i->b), through(i->c), at(i->a).value)) [[unlikely]]
-            goto compare;
-        ++i;
-        continue;
+        if (stepped(fast::Compare<fast::GreaterEqual>(through(i->b), through(i->c), at(i->a).value))) continue;
+        goto compare;
     doJumpUnlessEqualSlots:
-        if (!fast::Holds<fast::Equal>(slot(i->a), slot(i->b), holds)) [[unlikely]]
-            goto doJumpUnlessEqual;
-        if (!holds) goto jump;
-        ++i;
-        continue;
+        if (decided(fast::Holds<fast::Equal>(slot(i->a), slot(i->b), holds))) continue;
+        goto doJumpUnlessEqual;
     doJumpUnlessEqualConstant:
-        if (!fast::Holds<fast::Equal>(slot(i->a), constant(i->b), holds)) [[unlikely]]
-            goto doJumpUnlessEqual;
-        if (!holds) goto jump;
-        ++i;
-        continue;
+        if (decided(fast::Holds<fast::Equal>(slot(i->a), constant(i->b), holds))) continue;
     doJumpUnlessEqual:
-        if (!fast::Holds<fast::Equal>(through(i->a), through(i->b), holds)) [[unlikely]]
-            goto test;
-        if (!holds) goto jump;
-        ++i;
-        continue;
+        if (decided(fast::Holds<fast::Equal>(through(i->a), through(i->b), holds))) continue;
+        goto test;
     doJumpUnlessNotEqualSlots:
-        if (!fast::Holds<fast::NotEqual>(slot(i->a), slot(i->b), holds)) [[unlikely]]
-            goto doJumpUnlessNotEqual;
-        if (!holds) goto jump;
-        ++i;
-        continue;
+        if (decided(fast::Holds<fast::NotEqual>(slot(i->a), slot(i->b), holds))) continue;
+        goto doJumpUnlessNotEqual;
     doJumpUnlessNotEqualConstant:
-        if (!fast::Holds<fast::NotEqual>(slot(i->a), constant(i->b), holds)) [[unlikely]]
-            goto doJumpUnlessNotEqual;
-        if (!holds) goto jump;
-        ++i;
-        continue;
+        if (decided(fast::Holds<fast::NotEqual>(slot(i->a), constant(i->b), holds))) continue;
     doJumpUnlessNotEqual:
-        if (!fast::Holds<fast::NotEqual>(through(i->a), through(i->b), holds)) [[unlikely]]
-            goto test;
-        if (!holds) goto jump;
-        ++i;
-        continue;
+        if (decided(fast::Holds<fast::NotEqual>(through(i->a), through(i->b), holds))) continue;
+        goto test;
     doJumpUnlessLessSlots:
-        if (!fast::Holds<fast::Less>(slot(i->a), slot(i->b), holds)) [[unlikely]]
-            goto doJumpUnlessLess;
-        if (!holds) goto jump;
-        ++i;
-        continue;
+        if (decided(fast::Holds<fast::Less>(slot(i->a), slot(i->b), holds))) continue;
+        goto doJumpUnlessLess;
     doJumpUnlessLessConstant:
-        if (!fast::Holds<fast::Less>(slot(i->a), constant(i->b), holds)) [[unlikely]]
-            goto doJumpUnlessLess;
-        if (!holds) goto jump;
-        ++i;
-        continue;
+        if (decided(fast::Holds<fast::Less>(slot(i->a), constant(i->b), holds))) continue;
     doJumpUnlessLess:
-        if (!fast::Holds<fast::Less>(through(i->a), through(i->b), holds)) [[unlikely]]
-            goto test;
-        if (!holds) goto jump;
-        ++i;
-        continue;
+        if (decided(fast::Holds<fast::Less>(through(i->a), through(i->b), holds))) continue;
+        goto test;
     doJumpUnlessLessEqualSlots:
-        if (!fast::Holds<fast::LessEqual>(slot(i->a), slot(i->b), holds)) [[unlikely]]
-            goto doJumpUnlessLessEqual;
-        if (!holds) goto jump;
-        ++i;
-        continue;
+        if (decided(fast::Holds<fast::LessEqual>(slot(i->a), slot(i->b), holds))) continue;
+        goto doJumpUnlessLessEqual;
     doJumpUnlessLessEqualConstant:
-        if (!fast::Holds<fast::LessEqual>(slot(i->a), constant(i->b), holds)) [[unlikely]]
-            goto doJumpUnlessLessEqual;
-        if (!holds) goto jump;
-        ++i;
-        continue;
+        if (decided(fast::Holds<fast::LessEqual>(slot(i->a), constant(i->b), holds))) continue;
     doJumpUnlessLessEqual:
-        if (!fast::Holds<fast::LessEqual>(through(i->a), through(i->b), holds)) [[unlikely]]
-            goto test;
-        if (!holds) goto jump;
-        ++i;
-        continue;
+        if (decided(fast::Holds<fast::LessEqual>(through(i->a), through(i->b), holds))) continue;
+        goto test;
     doJumpUnlessGreaterSlots:
-        if (!fast::Holds<fast::Greater>(slot(i->a), slot(i->b), holds)) [[unlikely]]
-            goto doJumpUnlessGreater;
-        if (!holds) goto jump;
-        ++i;
-        continue;
+        if (decided(fast::Holds<fast::Greater>(slot(i->a), slot(i->b), holds))) continue;
+        goto doJumpUnlessGreater;
     doJumpUnlessGreaterConstant:
-        if (!fast::Holds<fast::Greater>(slot(i->a), constant(i->b), holds)) [[unlikely]]
-            goto doJumpUnlessGreater;
-        if (!holds) goto jump;
-        ++i;
-        continue;
+        if (decided(fast::Holds<fast::Greater>(slot(i->a), constant(i->b), holds))) continue;
     doJumpUnlessGreater:
-        if (!fast::Holds<fast::Greater>(through(i->a), through(i->b), holds)) [[unlikely]]
-            goto test;
-        if (!holds) goto jump;
-        ++i;
-        continue;
+        if (decided(fast::Holds<fast::Greater>(through(i->a), through(i->b), holds))) continue;
+        goto test;
     doJumpUnlessGreaterEqualSlots:
-        if (!fast::Holds<fast::GreaterEqual>(slot(i->a), slot(i->b), holds)) [[unlikely]]
-            goto doJumpUnlessGreaterEqual;
-        if (!holds) goto jump;
-        ++i;
-        continue;
+        if (decided(fast::Holds<fast::GreaterEqual>(slot(i->a), slot(i->b), holds))) continue;
+        goto doJumpUnlessGreaterEqual;
     doJumpUnlessGreaterEqualConstant:
-        if (!fast::Holds<fast::GreaterEqual>(slot(i->a), constant(i->b), holds)) [[unlikely]]
-            goto doJumpUnlessGreaterEqual;
-        if (!holds) goto jump;
-        ++i;
-        continue;
+        if (decided(fast::Holds<fast::GreaterEqual>(slot(i->a), constant(i->b), holds))) continue;
     doJumpUnlessGreaterEqual:
-        if (!fast::Holds<fast::GreaterEqual>(through(i->a), through(i->b), holds)) [[unlikely]]
-            goto test;
-        if (!holds) goto jump;
-        ++i;
-        continue;
+        if (decided(fast::Holds<fast::GreaterEqual>(through(i->a), through(i->b), holds))) continue;
+        goto test;
     doNegate:
-        if (!fast::Negate(through(i->b), through(i->a))) [[unlikely]]
-            goto operate;
-        ++i;
-        continue;
+        if (stepped(fast::Negate(through(i->b), through(i->a)))) continue;
     operate:
         call(&Machine::Operate);
         continue;

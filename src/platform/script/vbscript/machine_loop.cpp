@@ -34,6 +34,11 @@ Variant& Through(Slot& slot) noexcept {
     return true;
 }
 
+/// The global name that a call is of; nullptr for one that is or may be a variable.
+Global* GlobalBehind(const Slot& link, const Instruction& i) noexcept {
+    return link.IsName() && !(i.flags & kHasLocal) ? link.link.global : nullptr;
+}
+
 static_assert(sizeof(Slot) == Operand::kSlotSize);
 
 }  // namespace
@@ -434,16 +439,15 @@ void Machine::Loop() {
         call(&Machine::PassName);
         continue;
     doCallName:
-        if (const Slot& link = frame->links[i->b]; !link.IsName() || (i->flags & kHasLocal)) {
-            call(&Machine::CallName);
-        } else if (Global& global = *link.link.global; global.kind == Global::Kind::Procedure) {
+        if (Global* const global = GlobalBehind(frame->links[i->b], *i);
+            global && global->kind == Global::Kind::Procedure) {
             leave();
-            BeginFrame(*global.procedure, nullptr, frame->slots + i->a, i->c, frame->slots + i->a,
+            BeginFrame(*global->procedure, nullptr, frame->slots + i->a, i->c, frame->slots + i->a,
                        (i->flags & kDiscard) != 0);
             enter();
-        } else if (global.kind == Global::Kind::Object && global.call) {
+        } else if (global && global->kind == Global::Kind::Object && global->call) {
             leave();
-            CallPublished(global, frame->slots + i->a, i->c, i->flags);
+            CallPublished(*global, frame->slots + i->a, i->c, i->flags);
             ++i;
         } else {
             call(&Machine::CallName);

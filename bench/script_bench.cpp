@@ -179,7 +179,7 @@ void TextSearching(benchmark::State& state) {
 BENCHMARK(TextSearching)->UseManualTime();
 
 void ArraySums(benchmark::State& state) {
-    CompareFunctions(state, 1,
+    CompareFunctions(state, 1.1,
                      u"Function Work\n"
                      u"  Dim a(1000), s, i, k\n"
                      u"  For i = 0 To 1000: a(i) = i * 2: Next\n"

@@ -11,36 +11,31 @@
 
 namespace ov {
 
-struct Array::Rep {
-    std::uint32_t references = 1;
-    VarType element = VarType::Empty;
-    bool fixed = false;
-    std::vector<ArrayBound> bounds;
-    std::vector<Variant> elements;
-    std::vector<std::uint8_t> bytes;  // instead of `elements`, for arrays of Byte
-    std::size_t accounted = 0;
+Array::Rep::Rep() : element(VarType::Empty) {}
 
-    Rep() = default;
-    Rep(const Rep& other)
-        : element(other.element),
-          fixed(other.fixed),
-          bounds(other.bounds),
-          elements(other.elements),
-          bytes(other.bytes) {
-        Account();
-    }
-    Rep& operator=(const Rep&) = delete;
-    ~Rep() { MemoryAccount::Return(accounted); }
+Array::Rep::Rep(const Rep& other)
+    : element(other.element), fixed(other.fixed), bounds(other.bounds), elements(other.elements), bytes(other.bytes) {
+    Complete();
+}
 
-    std::size_t Size() const noexcept { return element == VarType::Byte ? bytes.size() : elements.size(); }
+Array::Rep::~Rep() {
+    MemoryAccount::Return(accounted);
+}
 
-    // Takes the bytes of the present elements into the account.
-    void Account() {
-        const std::size_t now = sizeof(Rep) + elements.size() * sizeof(Variant) + bytes.size();
-        MemoryAccount::Take(now);
-        accounted = now;
-    }
-};
+std::size_t Array::Rep::Size() const noexcept {
+    return element == VarType::Byte ? bytes.size() : elements.size();
+}
+
+// When all elements are there: takes their bytes into the account and notes the short way to them.
+void Array::Rep::Complete() {
+    const std::size_t now = sizeof(Rep) + elements.size() * sizeof(Variant) + bytes.size();
+    MemoryAccount::Take(now);
+    accounted = now;
+    if (bounds.size() != 1) return;
+    lower = bounds[0].lower;
+    count = static_cast<std::uint32_t>(elements.size());
+    row = elements.data();
+}
 
 namespace {
 
@@ -76,7 +71,7 @@ Array::Array(VarType element, std::span<const ArrayBound> bounds) {
     } else {
         rep->elements.resize(count, StartValue(element));
     }
-    rep->Account();
+    rep->Complete();
     mRep = rep.release();
 }
 
@@ -97,7 +92,7 @@ Array Array::Of(VarType element, std::vector<Variant> elements, std::int32_t low
     rep->element = element;
     rep->bounds = {{lower, static_cast<std::int32_t>(elements.size())}};
     rep->elements = std::move(elements);
-    rep->Account();
+    rep->Complete();
     Array array;
     array.mRep = rep.release();
     return array;
@@ -112,7 +107,7 @@ Array Array::OfBytes(std::vector<std::uint8_t> bytes, std::int32_t lower) {
     rep->element = VarType::Byte;
     rep->bounds = {{lower, static_cast<std::int32_t>(bytes.size())}};
     rep->bytes = std::move(bytes);
-    rep->Account();
+    rep->Complete();
     Array array;
     array.mRep = rep.release();
     return array;
@@ -164,14 +159,6 @@ void Array::Detach() {
 
 Variant Array::Get(std::span<const std::int32_t> indexes) const {
     return At(Position(indexes));
-}
-
-const Variant* Array::Find(std::int32_t index) const noexcept {
-    if (!mRep || mRep->bounds.size() != 1) return nullptr;
-    const std::int64_t offset = std::int64_t{index} - mRep->bounds[0].lower;
-    // An array of Byte has no elements here.
-    if (offset < 0 || static_cast<std::size_t>(offset) >= mRep->elements.size()) return nullptr;
-    return &mRep->elements[static_cast<std::size_t>(offset)];
 }
 
 Variant Array::At(std::size_t position) const {

@@ -58,6 +58,9 @@ public:
     /// The short way to an element of an array of one dimension that is not of Byte; nullptr where it does not lead
     /// there.
     const Variant* Find(std::int32_t index) const noexcept;
+    /// The same for a write in place of any Variant: nullptr too while others share the elements, and for an array
+    /// whose elements have a type.
+    Variant* FindOwn(std::int32_t index) noexcept;
     /// Converts @p value to the element type.
     void Set(std::span<const std::int32_t> indexes, const Variant& value);
     /// The element itself, for a write in place. Not for arrays of Byte: RuntimeError 51.
@@ -81,7 +84,28 @@ public:
 
 private:
     friend class Variant;
-    struct Rep;
+
+    struct Rep {
+        std::uint32_t references = 1;
+        VarType element;
+        bool fixed = false;
+        // The short way to the elements: none of them for more dimensions, and for Byte.
+        std::int32_t lower = 0;
+        std::uint32_t count = 0;
+        Variant* row = nullptr;
+        std::vector<ArrayBound> bounds;
+        std::vector<Variant> elements;
+        std::vector<std::uint8_t> bytes;  // instead of `elements`, for arrays of Byte
+        std::size_t accounted = 0;
+
+        Rep();
+        Rep(const Rep& other);
+        Rep& operator=(const Rep&) = delete;
+        ~Rep();
+
+        std::size_t Size() const noexcept;
+        void Complete();
+    };
 
     std::size_t Position(std::span<const std::int32_t> indexes) const;
     void Detach();

@@ -75,6 +75,12 @@ DispId InterfaceInfo::Find(std::u16string_view name) const noexcept {
     return kDispIdUnknown;
 }
 
+bool InterfaceInfo::IsFacet(IDispatch& object) const noexcept {
+    void* const facet = object.QueryInterface(mIid);
+    if (facet) object.Release();
+    return facet == &object;
+}
+
 const InterfaceInfo::Operations* InterfaceInfo::OperationsOf(DispId id) const noexcept {
     if (id > 0 && static_cast<std::size_t>(id) <= mOperations.size()) {
         return &mOperations[static_cast<std::size_t>(id) - 1];

@@ -26,6 +26,10 @@ struct Member {
 
     static constexpr std::uint8_t kAnyNumber = 255;
 
+    /// True if so many arguments go to the operation as they are.
+    constexpr bool Takes(std::size_t count) const noexcept {
+        return count >= required && (count <= total || total == kAnyNumber);
+    }
     /// The same operation as the interface's default member.
     constexpr Member AsDefault() const {
         Member copy = *this;
@@ -47,6 +51,11 @@ public:
 
     /// The number of @p name, without regard to case, or kDispIdUnknown.
     DispId Find(std::u16string_view name) const noexcept;
+    /// The default member as it is called; nullptr if there is none.
+    const Member* DefaultMember() const noexcept { return mDefault.call; }
+    /// True if @p object is itself the facet of this interface: its members can be called with it as their `self`
+    /// then, as its Invoke would do.
+    bool IsFacet(IDispatch& object) const noexcept;
     /// @see IDispatch::Invoke. Arguments behind a member that takes none go to the default member of its result, or
     /// index the array that it gives.
     Variant Invoke(void* self, DispId id, CallKind kind, Arguments& arguments) const;

@@ -200,4 +200,16 @@ private:
 
 static_assert(sizeof(Variant) == 16);
 
+inline const Variant* Array::Find(std::int32_t index) const noexcept {
+    if (!mRep) return nullptr;
+    const std::int64_t offset = std::int64_t{index} - mRep->lower;
+    if (static_cast<std::uint64_t>(offset) >= mRep->count) return nullptr;
+    return mRep->row + offset;
+}
+
+inline Variant* Array::FindOwn(std::int32_t index) noexcept {
+    if (!mRep || mRep->references != 1 || mRep->element != VarType::Empty) return nullptr;
+    return const_cast<Variant*>(Find(index));
+}
+
 }  // namespace ov

@@ -81,6 +81,7 @@ struct Code {
     std::uint16_t frameSize = 0;
     std::uint16_t result = 0;  ///< slot of the result; none of a Sub
     bool hasResult = false;
+    bool takesAll = true;  ///< arguments and variables as they come: there is nothing in `byValue` and `open`
     std::vector<std::uint16_t> byValue;  ///< parameters by value
     std::uint64_t written = 0;           ///< bit n: parameter n may be written; the last bit stands for all behind it
     std::vector<Instruction> instructions;
@@ -171,11 +172,9 @@ public:
     std::vector<Declaration> variables;
     std::vector<NamedConstant> constants;
     bool hasStatements = false;  ///< there is something to run
+    bool definesNames = false;   ///< there are procedures, classes, variables or constants
     MemoryAccount::Share memory;
 
-    bool DefinesNames() const noexcept {
-        return !(procedures.empty() && classes.empty() && variables.empty() && constants.empty());
-    }
     /// True if the text holds procedures and nothing else, so that an engine need not look at it before it is used.
     bool HasProceduresOnly() const noexcept {
         return !hasStatements && classes.empty() && variables.empty() && constants.empty();

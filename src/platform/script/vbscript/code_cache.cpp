@@ -28,12 +28,13 @@ struct HashKey {
 
 class Cache {
 public:
-    Ref<Unit> Get(const Text& source, bool isExpression) {
-        // Short cut: hosts evaluate the same Text again and again.
-        TextMemo<Ref<Unit>>& recent = isExpression ? mRecentExpressions : mRecentStatements;
-        if (const Ref<Unit>* known = recent.Find(source)) return *known;
+    /// Short cut: hosts evaluate the same Text again and again.
+    const Ref<Unit>* FindRecent(const Text& source, bool isExpression) const noexcept {
+        return (isExpression ? mRecentExpressions : mRecentStatements).Find(source);
+    }
+    [[gnu::noinline]] Ref<Unit> Get(const Text& source, bool isExpression) {
         Ref<Unit> unit = Find(source, isExpression);
-        recent.Keep(source, unit);
+        (isExpression ? mRecentExpressions : mRecentStatements).Keep(source, unit);
         return unit;
     }
 
@@ -79,6 +80,7 @@ private:
 Ref<Unit> CompiledText(const Text& source, bool isExpression) {
     // Never ended: scripts' objects may outlive everything static.
     static Cache& cache = *new Cache;
+    if (const Ref<Unit>* known = cache.FindRecent(source, isExpression)) return *known;
     return cache.Get(source, isExpression);
 }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <limits>
 
+#include "platform/script/vbscript/forms.h"
 #include "platform/script/vbscript/lexer.h"
 #include "platform/script/vbscript/limits.h"
 #include "platform/script/vbscript/parser.h"
@@ -133,8 +134,21 @@ std::unique_ptr<ClassCode> CompileClass(const Class& parsed, const UnitScope& sc
 
 }  // namespace
 
-Ref<Unit> CompileProgram(const Program& program, const std::vector<Variant>& literals) {
-    UnitScope scope{literals, program.optionExplicit, {}, {}, {}};
+void Workspace::Clear() noexcept {
+    const auto clear = [](auto& list) {
+        constexpr std::size_t kMaxKept = 4096;
+        if (list.capacity() > kMaxKept) list = {};
+        list.clear();
+    };
+    clear(instructions);
+    clear(marks);
+    clear(constants);
+    clear(literalOperands);
+    clear(chain);
+}
+
+Ref<Unit> CompileProgram(const Program& program, const std::vector<Variant>& literals, Workspace& work) {
+    UnitScope scope{literals, work, program.optionExplicit, {}, {}, {}};
     DeclareUnitNames(program, scope);
     Ref<Unit> unit = Ref<Unit>::Adopt(new Unit);
     for (const Variable& variable : program.main.variables) {
@@ -152,6 +166,8 @@ Ref<Unit> CompileProgram(const Program& program, const std::vector<Variant>& lit
                                     ProcedureCompiler(scope, nullptr, *procedure).CompileBody()});
     }
     ProcedureCompiler main(scope, nullptr, program.main);
+    unit->definesNames =
+        !(unit->procedures.empty() && unit->classes.empty() && unit->variables.empty() && unit->constants.empty());
     unit->hasStatements = program.result || !program.main.body.empty();
     unit->main = program.result ? main.CompileResult(*program.result) : main.CompileBody();
     return unit;
@@ -161,17 +177,19 @@ Ref<Unit> CompileText(std::u16string_view source, bool isExpression) {
     // Kept between texts for their memory. A compilation causes no other one.
     static Lexer lexer;
     static Arena arena;
+    static Workspace work;
     struct Cleaner {
         ~Cleaner() {
             lexer.Clear();
             arena.Clear();
+            work.Clear();
         }
     } const cleaner;
     const MemoryAccount::Limit bound(kMaxCompileMemory);
     lexer.Run(source);
     Parser parser(arena, lexer.Tokens(), lexer.Literals());
     const Program program = isExpression ? parser.ParseExpressionText() : parser.ParseProgram();
-    Ref<Unit> unit = CompileProgram(program, lexer.Literals());
+    Ref<Unit> unit = CompileProgram(program, lexer.Literals(), work);
     unit->memory.Resize(Footprint(*unit));
     return unit;
 }
@@ -205,7 +223,8 @@ Variant LiteralValue(const Expression& expression, const std::vector<Variant>& l
 }
 
 ProcedureCompiler::ProcedureCompiler(const UnitScope& unit, const ClassCode* owner, const Procedure& procedure)
-    : mUnit(unit), mOwner(owner), mProcedure(procedure), mCode(std::make_unique<Code>()) {
+    : mUnit(unit), mWork(unit.work), mOwner(owner), mProcedure(procedure), mCode(std::make_unique<Code>()) {
+    mWork.Clear();
     mCode->name = Text(procedure.name.text);
     mCode->kind = procedure.kind;
     mCode->optionExplicit = unit.optionExplicit;
@@ -230,12 +249,14 @@ std::unique_ptr<Code> ProcedureCompiler::CompileResult(const Expression& result)
 }
 
 void ProcedureCompiler::Finish() {
-    mCode->constants = std::make_unique<vbscript::Slot[]>(mConstants.size());
-    for (std::size_t i = 0; i < mConstants.size(); ++i) {
-        mCode->constants[i].value = std::move(mConstants[i]);
+    mCode->constants = std::make_unique<vbscript::Slot[]>(mWork.constants.size());
+    for (std::size_t i = 0; i < mWork.constants.size(); ++i) {
+        mCode->constants[i].value = std::move(mWork.constants[i]);
     }
-    mCode->instructions.shrink_to_fit();
-    mCode->marks.shrink_to_fit();
+    UseForms(mWork.instructions);
+    mCode->instructions.assign(mWork.instructions.begin(), mWork.instructions.end());
+    mCode->marks.assign(mWork.marks.begin(), mWork.marks.end());
+    mCode->takesAll = mCode->byValue.empty() && mCode->open.empty();
     if (mProcedure.kind == ProcedureKind::Main) return;
     for (const auto& [name, hash, local] : mLocals) {
         if (local.kind == Local::Kind::Constant) continue;
@@ -246,13 +267,13 @@ void ProcedureCompiler::Finish() {
 std::size_t ProcedureCompiler::Emit(Opcode op, std::uint32_t a, std::uint32_t b, std::uint32_t c, std::uint8_t flags,
                                     std::uint16_t n) {
     RunGuard::Step();
-    mCode->instructions.push_back({op, flags, n, a, b, c});
-    return mCode->instructions.size() - 1;
+    mWork.instructions.push_back({op, flags, n, a, b, c});
+    return mWork.instructions.size() - 1;
 }
 
 void ProcedureCompiler::JumpTo(std::size_t jump, std::size_t target) {
     const auto distance = static_cast<std::int32_t>(target) - static_cast<std::int32_t>(jump);
-    mCode->instructions[jump].c = static_cast<std::uint32_t>(distance);
+    mWork.instructions[jump].c = static_cast<std::uint32_t>(distance);
 }
 
 void ProcedureCompiler::LandHere(const Jumps& jumps) {
@@ -272,12 +293,12 @@ void ProcedureCompiler::PutPosition(Position position) {
 
 void ProcedureCompiler::PutMark(Position position, bool resumes) {
     const Mark mark{Here(), position, static_cast<std::uint16_t>(mTop), resumes};
-    if (!mCode->marks.empty() && mCode->marks.back().pc == mark.pc) {
-        const bool known = mCode->marks.back().resumes;
-        mCode->marks.back() = mark;
-        mCode->marks.back().resumes = known || resumes;
+    if (!mWork.marks.empty() && mWork.marks.back().pc == mark.pc) {
+        const bool known = mWork.marks.back().resumes;
+        mWork.marks.back() = mark;
+        mWork.marks.back().resumes = known || resumes;
     } else {
-        mCode->marks.push_back(mark);
+        mWork.marks.push_back(mark);
     }
 }
 

@@ -13,9 +13,22 @@
 
 namespace ov::vbscript {
 
+/// Memory that the procedures have one after the other while they are compiled.
+struct Workspace {
+    std::vector<Instruction> instructions;
+    std::vector<Mark> marks;
+    std::vector<Variant> constants;
+    std::vector<std::uint32_t> literalOperands;  ///< operand of each literal from the first one on, plus 1
+    std::vector<const Expression*> chain;        ///< binary operators of expressions inside each other
+
+    /// For another procedure; what a long one took is given back.
+    void Clear() noexcept;
+};
+
 /// What all procedures of one text know of each other.
 struct UnitScope {
     const std::vector<Variant>& literals;
+    Workspace& work;
     bool optionExplicit = false;
     NameMap<std::u16string_view, const Constant*> constants;  ///< outside procedures
     NameMap<std::u16string_view, bool> procedures;
@@ -23,7 +36,7 @@ struct UnitScope {
 };
 
 /// Compiles a parsed text. @throws ScriptError
-Ref<Unit> CompileProgram(const Program& program, const std::vector<Variant>& literals);
+Ref<Unit> CompileProgram(const Program& program, const std::vector<Variant>& literals, Workspace& work);
 /// Parses and compiles a text: one expression, or statements. @throws ScriptError
 Ref<Unit> CompileText(std::u16string_view source, bool isExpression);
 
@@ -97,6 +110,7 @@ private:
     Operand NameOperand(const Identifier& name);
     bool IsPureFunction(const Expression& callee);
     bool MayHaveEffects(const Expression& expression);
+    bool IsElement(const Expression& expression);
     Operand ConstantOperand(Variant value);
     Operand LiteralOperand(std::uint32_t literal);
 
@@ -108,7 +122,7 @@ private:
     }
     void JumpTo(std::size_t jump, std::size_t target);
     void LandHere(const Jumps& jumps);
-    std::uint32_t Here() const noexcept { return static_cast<std::uint32_t>(mCode->instructions.size()); }
+    std::uint32_t Here() const noexcept { return static_cast<std::uint32_t>(mWork.instructions.size()); }
     void PutMark(Position position);
     void PutPosition(Position position);
     void PutMark(Position position, bool resumes);
@@ -180,13 +194,12 @@ private:
     void Finish();
 
     const UnitScope& mUnit;
+    Workspace& mWork;
     const ClassCode* mOwner;
     const Procedure& mProcedure;
     std::unique_ptr<Code> mCode;
     NameMap<std::u16string_view, Local> mLocals;
     NameMap<std::u16string_view, std::uint32_t> mNames;
-    std::vector<Variant> mConstants;
-    std::vector<std::uint32_t> mLiteralOperands;  // operand of each literal from the first one on, plus 1
     std::uint32_t mFirstLiteral = 0;
     std::vector<Loop> mLoops;  // the innermost last
     std::vector<std::uint16_t> mWith;

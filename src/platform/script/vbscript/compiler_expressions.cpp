@@ -150,6 +150,8 @@ void ProcedureCompiler::ToTemp(const Expression& expression, std::uint16_t slot)
 // The value of a variable that is read before something that may change it.
 Operand ProcedureCompiler::Protect(Operand operand, const Expression& next) {
     if (operand.Kind() == OperandKind::Constant || IsTemp(operand) || !MayHaveEffects(next)) return operand;
+    const bool isOwn = operand.Kind() == OperandKind::Frame && operand.Index() >= mCode->parameters;
+    if (isOwn && IsElement(next)) return operand;
     const std::uint16_t slot = NewTemp();
     Emit(Opcode::Move, Slot(slot), operand);
     return Slot(slot);
@@ -157,27 +159,23 @@ Operand ProcedureCompiler::Protect(Operand operand, const Expression& next) {
 
 Operand ProcedureCompiler::BinaryValue(const Expression& expression, std::optional<Operand> wanted) {
     // The operators of a chain, which hang to the left, from the innermost on: a chain of any length needs no depth.
-    std::vector<const Expression*> chain;
+    std::vector<const Expression*>& chain = mWork.chain;
+    const std::size_t end = chain.size();
     const Expression* first = &expression;
     for (; first->kind == ExpressionKind::Binary; first = first->left) {
         chain.push_back(first);
     }
-    std::ranges::reverse(chain);
     const std::size_t base = mTop;
     Operand result = Value(*first);
-    for (std::size_t done = 0; done < chain.size();) {
-        std::size_t run = 0;
-        while (done + run < chain.size() && chain[done + run]->op == TokenKind::Ampersand) {
-            ++run;
+    while (chain.size() > end) {
+        std::vector<const Expression*> run;
+        while (chain.size() > end + run.size() && chain[chain.size() - 1 - run.size()]->op == TokenKind::Ampersand) {
+            run.push_back(chain[chain.size() - 1 - run.size()]);
         }
-        const bool isLast = done + std::max<std::size_t>(run, 1) == chain.size();
-        const std::optional<Operand> target = isLast ? wanted : std::nullopt;
-        if (run > 1) {
-            result = ConcatenateRun(result, std::span(chain).subspan(done, run), target);
-            done += run;
-        } else {
-            result = BinaryStep(*chain[done++], result, base, target);
-        }
+        const Expression& step = *chain.back();
+        chain.resize(chain.size() - std::max<std::size_t>(run.size(), 1));
+        const std::optional<Operand> target = chain.size() == end ? wanted : std::nullopt;
+        result = run.size() > 1 ? ConcatenateRun(result, run, target) : BinaryStep(step, result, base, target);
     }
     return result;
 }

@@ -167,21 +167,28 @@ bool ProcedureCompiler::MayHaveEffects(const Expression& expression) {
     }
 }
 
+// True for an element of a variable by one index. If an object is there instead, its default member gets a copy of the
+// index, so that it cannot change a local variable of this procedure.
+bool ProcedureCompiler::IsElement(const Expression& expression) {
+    return expression.kind == ExpressionKind::Call && expression.arguments.size() == 1 &&
+           VariableOf(*expression.left) && !MayHaveEffects(*expression.arguments[0]);
+}
+
 Operand ProcedureCompiler::ConstantOperand(Variant value) {
-    mConstants.push_back(std::move(value));
-    return Operand::Of(OperandKind::Constant, mConstants.size() - 1);
+    mWork.constants.push_back(std::move(value));
+    return Operand::Of(OperandKind::Constant, mWork.constants.size() - 1);
 }
 
 // The literals of a procedure stand together in the text's list; one from elsewhere is not looked for again.
 Operand ProcedureCompiler::LiteralOperand(std::uint32_t literal) {
-    if (mLiteralOperands.empty()) mFirstLiteral = literal;
+    if (mWork.literalOperands.empty()) mFirstLiteral = literal;
     if (literal < mFirstLiteral) return ConstantOperand(mUnit.literals[literal]);
     const std::size_t index = literal - mFirstLiteral;
-    if (mLiteralOperands.size() <= index) mLiteralOperands.resize(index + 1);
-    if (mLiteralOperands[index] == 0) {
-        mLiteralOperands[index] = ConstantOperand(mUnit.literals[literal]).bits + 1;
+    if (mWork.literalOperands.size() <= index) mWork.literalOperands.resize(index + 1);
+    if (mWork.literalOperands[index] == 0) {
+        mWork.literalOperands[index] = ConstantOperand(mUnit.literals[literal]).bits + 1;
     }
-    return {mLiteralOperands[index] - 1};
+    return {mWork.literalOperands[index] - 1};
 }
 
 }  // namespace ov::vbscript

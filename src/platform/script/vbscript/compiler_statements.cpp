@@ -69,14 +69,14 @@ void ProcedureCompiler::If(const Statement& statement) {
 
 void ProcedureCompiler::Select(const Statement& statement) {
     const std::size_t base = mTop;
-    const std::size_t mark = mCode->marks.size() - 1;
+    const std::size_t mark = mWork.marks.size() - 1;
     Operand subject = Value(*statement.value);
     if (!IsTemp(subject) && subject.Kind() != OperandKind::Constant) {
         const Operand copy = Slot(NewTemp());
         Emit(Opcode::Move, copy, subject);
         subject = copy;
     }
-    const bool hasCode = Here() > mCode->marks[mark].pc;
+    const bool hasCode = Here() > mWork.marks[mark].pc;
     Jumps ends;
     for (const Clause& clause : statement.clauses) {
         Jumps bodies, next;
@@ -101,7 +101,7 @@ void ProcedureCompiler::Select(const Statement& statement) {
         LandHere(next);
     }
     LandHere(ends);
-    if (hasCode) mCode->marks[mark].otherwise = Here();  // an error in the subject runs no Case
+    if (hasCode) mWork.marks[mark].otherwise = Here();  // an error in the subject runs no Case
     PutMark(statement.end);
     if (IsTemp(subject)) Emit(Opcode::Clear, subject.Index(), 1);
     mTop = base;

@@ -5,6 +5,7 @@
 #include <sstream>
 
 #include "platform/automation/conversions.h"
+#include "platform/script/vbscript/forms.h"
 #include "platform/script/vbscript/opcode_table.h"
 
 namespace ov::vbscript {
@@ -74,7 +75,7 @@ private:
 
     void WriteLine(std::uint32_t pc) {
         const Instruction& i = mCode.instructions[pc];
-        const OpcodeInfo& info = InfoOf(i.op);
+        const OpcodeInfo& info = InfoOf(GeneralOf(i.op));
         std::ostringstream line;
         line << mIndent << std::setw(9) << std::right << PlaceAt(pc) << std::setw(6) << pc << "  " << std::setw(23)
              << std::left << info.name;

@@ -35,7 +35,13 @@ const InterfaceInfo& IErr::Members() {
 
 void ErrObject::Raise(std::int32_t number, const std::optional<Text>& source, const std::optional<Text>& description,
                       const std::optional<Text>& helpFile, const std::optional<std::int32_t>& helpContext) {
-    if (number == 0 || number > kMaxNumber) ov::Raise(ErrorNumber::InvalidProcedureCall);
+    throw Raised(number, source, description, helpFile, helpContext);
+}
+
+RuntimeError ErrObject::Raised(std::int32_t number, const std::optional<Text>& source,
+                               const std::optional<Text>& description, const std::optional<Text>& helpFile,
+                               const std::optional<std::int32_t>& helpContext) {
+    if (number == 0 || number > kMaxNumber) return RuntimeError(ErrorNumber::InvalidProcedureCall);
     // What is left out is what the object holds and nobody has cleared.
     const RuntimeError error(number, source ? *source : mSource,
                              description            ? *description
@@ -44,7 +50,7 @@ void ErrObject::Raise(std::int32_t number, const std::optional<Text>& source, co
     if (helpFile) mHelpFile = *helpFile;
     if (helpContext) mHelpContext = *helpContext;
     mHelpIsRaised = true;
-    throw error;
+    return error;
 }
 
 void ErrObject::Clear() {
@@ -57,7 +63,8 @@ void ErrObject::Note(const RuntimeError& error) {
     const MemoryAccount::Exemption exemption;
     mNumber = error.number();
     mDescription = error.description();
-    mSource = error.source().empty() ? Text(kSource) : error.source();
+    static const Text source(kSource);
+    mSource = error.source().empty() ? source : error.source();
     if (!std::exchange(mHelpIsRaised, false)) {
         mHelpFile = Text();
         mHelpContext = 0;

@@ -51,6 +51,10 @@ public:
                const std::optional<Text>& helpFile, const std::optional<std::int32_t>& helpContext) override;
     void Clear() override;
 
+    /// What Raise throws.
+    RuntimeError Raised(std::int32_t number, const std::optional<Text>& source, const std::optional<Text>& description,
+                        const std::optional<Text>& helpFile, const std::optional<std::int32_t>& helpContext);
+
     /// Takes over an error that was passed over.
     void Note(const RuntimeError& error);
 

@@ -5,6 +5,7 @@
 
 #include <cmath>
 #include <cstdint>
+#include <cstring>
 #include <new>
 
 #include "platform/automation/variant.h"
@@ -12,23 +13,26 @@
 namespace ov::vbscript::fast {
 
 /// True for Empty, Null, numbers of the common types and dates: what can be overwritten.
-inline bool IsSimple(const Variant& value) noexcept {
+[[gnu::always_inline]] inline bool IsSimple(const Variant& value) noexcept {
     return value.Type() < VarType::String;
 }
 /// @pre @p to is simple, or a Boolean
 template <class T>
-inline void Put(Variant& to, T value) noexcept {
+[[gnu::always_inline]] inline void Put(Variant& to, T value) noexcept {
     new (&to) Variant(value);
 }
 
-inline bool IsWhole(VarType type) noexcept {
-    return type == VarType::Integer || type == VarType::Long;
+/// True for Integer and Long.
+[[gnu::always_inline]] inline bool IsWhole(VarType type) noexcept {
+    static_assert(static_cast<unsigned>(VarType::Integer) == 2 && static_cast<unsigned>(VarType::Long) == 3);
+    return (static_cast<unsigned>(type) | 1) == 3;
 }
-inline std::int32_t Whole(const Variant& value) noexcept {
-    return value.Type() == VarType::Integer ? value.AsInteger() : value.AsLong();
+/// @pre the value is whole; an Integer is held as the Long of the same number
+[[gnu::always_inline]] inline std::int32_t Whole(const Variant& value) noexcept {
+    return value.AsLong();
 }
 /// The value of a whole number or a Double.
-inline bool Number(const Variant& value, double& number) noexcept {
+[[gnu::always_inline]] inline bool Number(const Variant& value, double& number) noexcept {
     if (value.Type() == VarType::Double) {
         number = value.AsDouble();
         return true;
@@ -38,22 +42,24 @@ inline bool Number(const Variant& value, double& number) noexcept {
     return true;
 }
 
-/// Copies a whole number or a Double.
-inline bool Copy(const Variant& from, Variant& to) noexcept {
-    if (!IsSimple(to)) return false;
-    switch (from.Type()) {
-        case VarType::Long:
-            Put(to, from.AsLong());
-            return true;
-        case VarType::Integer:
-            Put(to, from.AsInteger());
-            return true;
-        case VarType::Double:
-            Put(to, from.AsDouble());
-            return true;
-        default:
-            return false;
-    }
+/// True for a Boolean, and for whatever is simple.
+[[gnu::always_inline]] inline bool TakesBoolean(const Variant& to) noexcept {
+    return IsSimple(to) || to.Type() == VarType::Boolean;
+}
+
+/// Copies what is simple, or a Boolean.
+[[gnu::always_inline]] inline bool Copy(const Variant& from, Variant& to) noexcept {
+    if (!(IsSimple(from) && IsSimple(to)) && !(TakesBoolean(from) && TakesBoolean(to))) [[unlikely]]
+        return false;
+    // In two words: see Variant.
+    const auto* const source = reinterpret_cast<const char*>(&from);
+    std::uint64_t head, bits;
+    std::memcpy(&head, source, sizeof head);
+    std::memcpy(&bits, source + sizeof head, sizeof bits);
+    auto* const target = reinterpret_cast<char*>(&to);
+    std::memcpy(target, &head, sizeof head);
+    std::memcpy(target + sizeof head, &bits, sizeof bits);
+    return true;
 }
 
 struct Add {
@@ -77,9 +83,9 @@ struct Multiply {
 
 /// +, - and *.
 template <class Operation>
-inline bool Arithmetic(const Variant& a, const Variant& b, Variant& to) noexcept {
+[[gnu::always_inline]] inline bool Arithmetic(const Variant& a, const Variant& b, Variant& to) noexcept {
     if (!IsSimple(to)) return false;
-    if (IsWhole(a.Type()) && IsWhole(b.Type())) {
+    if (IsWhole(a.Type()) && IsWhole(b.Type())) [[likely]] {
         std::int32_t result;
         if (!Operation::Long(Whole(a), Whole(b), result)) return false;
         const bool isLong = a.Type() == VarType::Long || b.Type() == VarType::Long;
@@ -98,7 +104,7 @@ inline bool Arithmetic(const Variant& a, const Variant& b, Variant& to) noexcept
     return true;
 }
 
-inline bool Divide(const Variant& a, const Variant& b, Variant& to) noexcept {
+[[gnu::always_inline]] inline bool Divide(const Variant& a, const Variant& b, Variant& to) noexcept {
     double x, y;
     if (!IsSimple(to) || !Number(a, x) || !Number(b, y) || y == 0) return false;
     const double result = x / y;
@@ -109,7 +115,7 @@ inline bool Divide(const Variant& a, const Variant& b, Variant& to) noexcept {
 
 /// \ and Mod.
 template <bool kRemainder>
-inline bool WholeDivision(const Variant& a, const Variant& b, Variant& to) noexcept {
+[[gnu::always_inline]] inline bool WholeDivision(const Variant& a, const Variant& b, Variant& to) noexcept {
     if (!IsSimple(to) || !IsWhole(a.Type()) || !IsWhole(b.Type())) return false;
     const std::int32_t divisor = Whole(b);
     if (divisor == 0 || divisor == -1) return false;
@@ -122,7 +128,7 @@ inline bool WholeDivision(const Variant& a, const Variant& b, Variant& to) noexc
     return true;
 }
 
-inline bool Negate(const Variant& a, Variant& to) noexcept {
+[[gnu::always_inline]] inline bool Negate(const Variant& a, Variant& to) noexcept {
     if (!IsSimple(to)) return false;
     if (a.Type() == VarType::Double) {
         Put(to, -a.AsDouble());
@@ -172,14 +178,22 @@ struct GreaterEqual {
 
 /// Compares; the answer is in @p holds.
 template <class Comparison>
-inline bool Compare(const Variant& a, const Variant& b, bool& holds) noexcept {
-    if (IsWhole(a.Type()) && IsWhole(b.Type())) {
+[[gnu::always_inline]] inline bool Holds(const Variant& a, const Variant& b, bool& holds) noexcept {
+    if (IsWhole(a.Type()) && IsWhole(b.Type())) [[likely]] {
         holds = Comparison::Holds(Whole(a), Whole(b));
         return true;
     }
     double x, y;
-    if (!Number(a, x) || !Number(b, y) || std::isnan(x) || std::isnan(y)) return false;
+    if (!Number(a, x) || !Number(b, y) || std::isunordered(x, y)) return false;
     holds = Comparison::Holds(x, y);
+    return true;
+}
+
+template <class Comparison>
+[[gnu::always_inline]] inline bool Compare(const Variant& a, const Variant& b, Variant& to) noexcept {
+    bool holds;
+    if (!TakesBoolean(to) || !Holds<Comparison>(a, b, holds)) return false;
+    Put(to, holds);
     return true;
 }
 
@@ -190,37 +204,32 @@ struct Or {
     static std::int32_t Bits(std::int32_t a, std::int32_t b) noexcept { return a | b; }
 };
 
-/// True for a slot that a Boolean can be put into.
-inline bool TakesBoolean(const Variant& to) noexcept {
-    return IsSimple(to) || to.Type() == VarType::Boolean;
-}
-
 /// And and Or of Booleans.
 template <class Operation>
-inline bool Logic(const Variant& a, const Variant& b, Variant& to) noexcept {
+[[gnu::always_inline]] inline bool Logic(const Variant& a, const Variant& b, Variant& to) noexcept {
     if (a.Type() != VarType::Boolean || b.Type() != VarType::Boolean || !TakesBoolean(to)) return false;
     Put(to, Operation::Bits(a.AsBoolean(), b.AsBoolean()) != 0);
     return true;
 }
 
-/// One step of a For loop over numbers of type @p T. False, with nothing changed, if the next number is none.
+/// One step of a For loop over numbers of type @p T, behind which the loop goes on.
 template <class T>
-inline bool StepBy(Variant& variable, T value, T limit, T step, bool& again) noexcept {
-    const std::int64_t next = std::int64_t{value} + step;
-    if (next != static_cast<T>(next)) return false;
-    Put(variable, static_cast<T>(next));
-    again = step >= 0 ? next <= limit : next >= limit;
+[[gnu::always_inline]] inline bool StepBy(Variant& variable, T value, T limit, T step) noexcept {
+    T next;
+    if (__builtin_add_overflow(value, step, &next) || (step >= 0 ? next > limit : next < limit)) return false;
+    Put(variable, next);
     return true;
 }
 
-/// One step of a For loop over whole numbers. @p step has the type of @p limit.
-inline bool ForNext(Variant& variable, const Variant& limit, const Variant& step, bool& again) noexcept {
+/// One step of a For loop over whole numbers, behind which the loop goes on. False, with nothing changed, for any
+/// other. @p step has the type of @p limit.
+[[gnu::always_inline]] inline bool ForNext(Variant& variable, const Variant& limit, const Variant& step) noexcept {
     if (variable.Type() != limit.Type()) return false;
-    if (limit.Type() == VarType::Long) {
-        return StepBy(variable, variable.AsLong(), limit.AsLong(), step.AsLong(), again);
+    if (limit.Type() == VarType::Long) [[likely]] {
+        return StepBy(variable, variable.AsLong(), limit.AsLong(), step.AsLong());
     }
     if (limit.Type() == VarType::Integer) {
-        return StepBy(variable, variable.AsInteger(), limit.AsInteger(), step.AsInteger(), again);
+        return StepBy(variable, variable.AsInteger(), limit.AsInteger(), step.AsInteger());
     }
     return false;
 }

@@ -28,6 +28,7 @@ struct Frame {
     Slot* slots;
     Slot* links;   ///< one for each of the code's names
     Slot* result;  ///< gets the result
+    Slot* fields;  ///< of `me`
     Namespace* space;
     Instance* me = nullptr;       ///< held
     BoundCode* bound = nullptr;   ///< held
@@ -36,6 +37,7 @@ struct Frame {
     AddedNames* added = nullptr;  ///< owned
     bool discard;                 ///< the result is not wanted
     bool isEntry = false;         ///< the machine was called for it
+    bool holdsMore;               ///< there is something in `me`, `unit` or `added`
     bool resumeNext = false;
 };
 
@@ -69,17 +71,27 @@ private:
     // The loop.
     Variant Run();
     void Execute();
+    void Loop();
     void Step(const Instruction& instruction);
 
     // Frames.
     void PushFrame(BoundCode& procedure, Instance* me, Slot* arguments, std::size_t count, Slot* result, bool discard);
     void PushUnit(Namespace& space, const Ref<Unit>& unit, Frame* scope, Slot* result, bool discard);
-    Frame* NextFrame(const Code& code, const Slot* slots) const;
+    void TakeArguments(Frame& frame);
+    // The next frame, for slots that begin at `slots`. @throws RuntimeError 28
+    Frame* NextFrame(const Code& code, const Slot* slots) const {
+        Frame* const frame = mTop ? mTop + 1 : mFrames;
+        if (frame == mFramesEnd || slots + code.frameSize > mSlotsEnd) [[unlikely]]
+            Raise(ErrorNumber::OutOfStackSpace);
+        return frame;
+    }
     void BindOpenNames(Frame& frame);
     void PopFrame() noexcept;
+    void BeginFrame(BoundCode& procedure, Instance* me, Slot* arguments, std::size_t count, Slot* result, bool discard);
+    bool ReturnsQuickly() noexcept;
     bool Return();
     bool Result(const Instruction& instruction);
-    bool EndFrame(Variant value);
+    bool EndFrame(Variant&& value);
     Slot* StackTop() const noexcept;
 
     // Operands of the current frame.
@@ -93,6 +105,7 @@ private:
     static void Store(Variant& variable, Variant&& value) noexcept;
 
     // Operators.
+    // Whatever fails may leave the place where it goes on in the frame on the top.
     void Operate(const Instruction& instruction);
     void Compare(const Instruction& instruction);
     bool Test(const Instruction& instruction);
@@ -114,7 +127,14 @@ private:
     void NoteNewVariable(Global& global);
     bool IsWritten(Global& global);
     void PassUndefined(Global& global, Slot& to);
-    static void LinkGlobally(Namespace& space, const Name& name, Slot& link);
+    static void LinkGlobally(Namespace& space, const Name& name, Slot& link) {
+        Global& global = space.Resolve(name);
+        if (global.kind == Global::Kind::Variable) {
+            link.PutAlias(global.value);
+        } else {
+            link.PutName(global);
+        }
+    }
     static Globals& LocalNames(Frame& scope);
     void Shadow(Frame& scope, const Unit& unit);
     static void LinkLocally(Frame& scope, const Name& name, Slot& link);
@@ -122,6 +142,7 @@ private:
     // Calls. They leave the frame that is to go on as the current one.
     void CallName(const Instruction& instruction);
     void CallMember(const Instruction& instruction);
+    bool RaisesPlainly(IDispatch* object, const MemberSite& site, const Slot* arguments, std::size_t count);
     void CallValue(const Instruction& instruction);
     bool CallsItself(const Variant& variable, const Instruction& instruction) const noexcept;
     void CallPublished(Global& global, Slot* window, std::size_t count, std::uint8_t flags);
@@ -170,6 +191,9 @@ private:
     void Recover(const Frame* entry);
     Frame* HandlerUpTo(const Frame* entry) const noexcept;
     void Resume(Frame& handler, const RuntimeError& error);
+    bool GoesOn() const noexcept { return mTop->resumeNext; }
+    void Fail(const RuntimeError& error);
+    void Fail(ErrorNumber number) { Fail(RuntimeError(number)); }
     Text SubjectOf(const RuntimeError& error) const noexcept;
     Text SubjectOfOperator(const RuntimeError& error, const Instruction& instruction) const;
     Text NameOf(Operand operand) const;

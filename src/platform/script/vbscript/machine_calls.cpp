@@ -4,6 +4,7 @@
 #include "platform/automation/conversions.h"
 #include "platform/automation/interface_info.h"
 #include "platform/script/vbscript/code_cache.h"
+#include "platform/script/vbscript/fast_operators.h"
 #include "platform/script/vbscript/machine.h"
 
 namespace ov::vbscript {
@@ -25,6 +26,11 @@ private:
     Variant** mTargets;
 };
 
+/// True if none of the arguments stands for a variable.
+[[gnu::always_inline]] inline bool HoldsValues(const Slot* arguments, std::size_t count) noexcept {
+    return std::none_of(arguments, arguments + count, [](const Slot& slot) { return slot.IsAlias(); });
+}
+
 }  // namespace
 
 // Puts a call's result in its place. Arguments have ended before.
@@ -35,7 +41,7 @@ void Machine::Finish(Slot* result, Variant&& value, std::uint8_t flags) noexcept
 // Calls something native with arguments that are values or stand for variables, and ends them.
 template <class Function>
 Variant Machine::CallWithValues(Slot* arguments, std::size_t count, Function function) {
-    if (std::none_of(arguments, arguments + count, [](const Slot& slot) { return slot.IsAlias(); })) {
+    if (HoldsValues(arguments, count)) {
         Arguments call{{count == 0 ? nullptr : &arguments[0].value, count}};
         Variant result = function(call);
         mWritten = call.written;
@@ -80,6 +86,9 @@ void Machine::CallName(const Instruction& i) {
         return CallObject(*link.link.variable, window, i.c, window, i.flags);
     }
     Global& global = GlobalOf(link);
+    if (global.kind == Global::Kind::Procedure) {
+        return PushFrame(*global.procedure, nullptr, window, i.c, window, (i.flags & kDiscard) != 0);
+    }
     if (global.kind == Global::Kind::Object) return CallPublished(global, window, i.c, i.flags);
     if (global.kind == Global::Kind::Undefined) IsWritten(global);
     CallGlobal(global, i.a, i.c, i.flags);
@@ -94,10 +103,20 @@ bool Machine::CallsItself(const Variant& variable, const Instruction& i) const n
 
 void Machine::CallPublished(Global& global, Slot* window, std::size_t count, std::uint8_t flags) {
     IDispatch* const object = global.value.AsObject();
+    if (global.call && global.call->Takes(count) && HoldsValues(window, count)) {
+        const Ref<IDispatch> keep(object);  // the script may take it from the engine
+        Arguments call{{&window->value, count}};
+        Variant value = global.call->call(object, call);
+        mWritten = call.written;
+        ClearSlots(window, count);
+        Tick(kStepsOfHostCall);
+        if (!(flags & kDiscard)) new (&window->value) Variant(std::move(value));  // the arguments have ended
+        return;
+    }
     if (!object || Instance::From(object) || FunctionObject::From(object)) {
         return CallObject(global.value, window, count, window, flags);
     }
-    const Ref<IDispatch> keep(object);  // the script may take it from the engine
+    const Ref<IDispatch> keep(object);
     Variant value = InvokeObject(object, kDispIdValue, CallKind::Call, window, count);
     if (!(flags & kDiscard)) new (&window->value) Variant(std::move(value));  // the arguments have ended
 }
@@ -188,17 +207,36 @@ void Machine::CallMember(const Instruction& i) {
     Slot* const window = mTop->slots + i.a;
     const MemberSite& site = mTop->code->sites[i.b];
     const Variant& value = window->value;
-    if (!value.IsObject()) Raise(ErrorNumber::ObjectRequired);
+    if (!value.IsObject()) return Fail(ErrorNumber::ObjectRequired);
     if (value.IsNothing()) {
-        Raise(i.flags & kWith ? ErrorNumber::ObjectVariableNotSet : ErrorNumber::ObjectRequired);
+        return Fail(i.flags & kWith ? ErrorNumber::ObjectVariableNotSet : ErrorNumber::ObjectRequired);
     }
     IDispatch* const object = value.AsObject();
+    if (GoesOn() && RaisesPlainly(object, site, window + 1, i.c)) return;
     if (Instance* instance = Instance::From(object)) {
         const ClassCode::Member& member = FindMember(*instance, site, CallKind::Call, (i.flags & kOwn) != 0);
         return CallInstance(*instance, member, window + 1, i.c, window, i.flags);
     }
     Variant result = InvokeObject(object, FindMember(object, site), CallKind::Call, window + 1, i.c);
     Finish(window, std::move(result), i.flags);
+}
+
+// Err.Raise as it mostly is, with a number and maybe texts: the error takes its way without an exception.
+bool Machine::RaisesPlainly(IDispatch* object, const MemberSite& site, const Slot* arguments, std::size_t count) {
+    static const DispId raise = IErr::Members().Find(u"Raise");
+    if (site.id != raise || site.info != &IErr::Members() || object->GetTypeInfo() != site.info) return false;
+    if (count == 0 || count > 3) return false;
+    const auto argument = [&](std::size_t index) -> const Variant& {
+        return arguments[index].IsAlias() ? *arguments[index].link.variable : arguments[index].value;
+    };
+    const auto isText = [&](std::size_t index) { return index >= count || argument(index).IsString(); };
+    if (!fast::IsWhole(argument(0).Type()) || !isText(1) || !isText(2)) return false;
+    const auto text = [&](std::size_t index) {
+        return index < count ? std::optional(argument(index).AsText()) : std::nullopt;
+    };
+    ErrObject& err = static_cast<ErrObject&>(static_cast<Facet<IErr>&>(*static_cast<IErr*>(object)));
+    Fail(err.Raised(fast::Whole(argument(0)), text(1), text(2), {}, {}));
+    return true;
 }
 
 // The window's object keeps the instance alive while its arguments are read; a frame holds it itself.
@@ -396,7 +434,7 @@ void Machine::RunText(Intrinsic intrinsic, const Text& source, Slot* result, boo
     Frame* const scope = intrinsic == Intrinsic::ExecuteGlobal ? nullptr : mTop->scope;
     if (scope && intrinsic == Intrinsic::Execute) {
         space.DefineLocally(unit, LocalNames(*scope));
-        if (unit->DefinesNames()) Shadow(*scope, *unit);  // the loop takes the links again behind the text's end
+        if (unit->definesNames) Shadow(*scope, *unit);  // the loop takes the links again behind the text's end
     } else {
         space.Define(unit);
         if (!unit->hasStatements) return;

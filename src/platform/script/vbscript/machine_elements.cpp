@@ -32,6 +32,11 @@ std::int32_t IndexOf(const Variant& value) {
     return value.Type() == VarType::Long ? value.AsLong() : ToLong(value);
 }
 
+/// True for the index of an element of an array of one dimension.
+bool IsInRange(const Array& array, std::int32_t index) {
+    return array.Rank() == 1 && index >= array.LowerBound(1) && index <= array.UpperBound(1);
+}
+
 }  // namespace
 
 void Machine::GetElement(const Instruction& i) {
@@ -40,7 +45,9 @@ void Machine::GetElement(const Instruction& i) {
     Slot& to = At(i.a);
     if (variable.IsArray()) {
         const std::int32_t position = IndexOf(Read(index));
-        Variant element = variable.AsArray().Get({&position, 1});
+        const Array& array = variable.AsArray();
+        if (GoesOn() && !IsInRange(array, position)) return Fail(ErrorNumber::SubscriptOutOfRange);
+        Variant element = array.Get({&position, 1});
         if (i.flags & kFreeC) index.Clear();
         return to.Take(std::move(element));
     }
@@ -124,6 +131,7 @@ void Machine::PutElement(const Instruction& i) {
         const std::int32_t position = IndexOf(Read(index));
         if (i.flags & kFreeIndex) index.Clear();
         Array& array = ArrayAt(place);
+        if (GoesOn() && !IsInRange(array, position)) return Fail(ErrorNumber::SubscriptOutOfRange);
         if (array.ElementType() == VarType::Byte) return array.Set({&position, 1}, value);
         return Store(array.Element({&position, 1}), std::move(value));
     }

@@ -1,5 +1,6 @@
 // What becomes of an error in the machine: On Error Resume Next, or the way out with its place and its subject.
 #include "platform/automation/conversions.h"
+#include "platform/script/vbscript/forms.h"
 #include "platform/script/vbscript/machine.h"
 #include "platform/script/vbscript/run_guard.h"
 
@@ -81,6 +82,12 @@ void Machine::Resume(Frame& handler, const RuntimeError& error) {
     handler.pc = code.instructions.data() + code.ResumeAfter(*mark);
 }
 
+// An error of the current instruction that was foreseen: the place where it goes on is in the frame on the top.
+void Machine::Fail(const RuntimeError& error) {
+    if (!GoesOn()) throw error;
+    Resume(*mTop, error);
+}
+
 void Machine::Unwind(const Frame* entry) noexcept {
     while (mTop != entry) {
         PopFrame();
@@ -94,7 +101,8 @@ Text Machine::SubjectOf(const RuntimeError& error) const noexcept {
     const Code& code = *mTop->code;
     if (mTop->pc == code.instructions.data()) return Text();
     const Instruction& i = *(mTop->pc - 1);
-    switch (i.op) {
+    const Opcode op = GeneralOf(i.op);
+    switch (op) {
         case Opcode::CallName:
         case Opcode::LoadName:
         case Opcode::PassName:
@@ -123,15 +131,16 @@ Text Machine::SubjectOf(const RuntimeError& error) const noexcept {
         case Opcode::PassRef:
             return NameOf({error.number() == kUndefinedVariable && !IsUndefined({i.b}) ? i.a : i.b});
         default:
-            return IsOperator(i.op) ? SubjectOfOperator(error, i) : Text();
+            return IsOperator(op) ? SubjectOfOperator(error, i) : Text();
     }
 }
 
 // Of an operator or a comparison: the variable that is not there, or the text that is no number.
 Text Machine::SubjectOfOperator(const RuntimeError& error, const Instruction& i) const {
-    const bool isJump = i.op >= Opcode::JumpIfFalse;
+    const Opcode op = GeneralOf(i.op);
+    const bool isJump = op >= Opcode::JumpIfFalse;
     const Operand operands[] = {{isJump ? i.a : i.b}, {isJump ? i.b : i.c}};
-    const std::size_t count = IsUnary(i.op) ? 1 : 2;
+    const std::size_t count = IsUnary(op) ? 1 : 2;
     const bool isUndefined = error.number() == kUndefinedVariable;
     for (const Operand operand : std::span(operands, count)) {
         const Slot& slot = At(operand.bits);
@@ -181,7 +190,7 @@ Text Machine::NameBehind(std::uint32_t slot) const {
     const std::uint32_t operand = Operand::Of(OperandKind::Frame, slot).bits;
     for (std::uint32_t pc = failed; mark && pc > mark->pc;) {
         const Instruction& i = code.instructions[--pc];
-        switch (i.op) {
+        switch (GeneralOf(i.op)) {
             case Opcode::LoadName:
             case Opcode::CallName:
                 if (i.a == slot) return code.names[i.b].text;

@@ -1,6 +1,6 @@
-#include "platform/script/vbscript/fast_operators.h"
+#include "platform/script/vbscript/machine_frames.h"
+
 #include "platform/script/vbscript/limits.h"
-#include "platform/script/vbscript/machine.h"
 
 namespace ov::vbscript {
 
@@ -14,10 +14,13 @@ void Machine::ClearSlots(Slot* first, std::size_t count) noexcept {
     }
 }
 
-// Ends the current procedure's variables, and with them maybe objects; then the frame.
+// Ends the current procedure's variables, and with them maybe objects; then the frame. What is left in its slots can be
+// overwritten, and stands for nothing.
 void Machine::PopFrame() noexcept {
     Frame& frame = *mTop;
-    ClearSlots(frame.slots, frame.code->frameSize);
+    for (Slot *slot = frame.slots, *end = slot + frame.code->frameSize; slot != end; ++slot) {
+        if (!slot->IsSimple()) slot->Clear();
+    }
     if (frame.added) delete std::exchange(frame.added, nullptr);
     if (frame.me) frame.me->Release();
     mTop = &frame == mFrames ? nullptr : &frame - 1;
@@ -29,42 +32,18 @@ Slot* Machine::StackTop() const noexcept {
     return mTop ? mTop->slots + mTop->code->frameSize : mSlots;
 }
 
-// The next frame, for slots that begin at `slots`. @throws RuntimeError 28
-Frame* Machine::NextFrame(const Code& code, const Slot* slots) const {
-    Frame* const frame = mTop ? mTop + 1 : mFrames;
-    if (frame == mFramesEnd || slots + code.frameSize > mSlotsEnd) Raise(ErrorNumber::OutOfStackSpace);
-    return frame;
-}
-
-// Begins a procedure whose arguments are in the slots that will be its first ones.
 void Machine::PushFrame(BoundCode& procedure, Instance* me, Slot* arguments, std::size_t count, Slot* result,
                         bool discard) {
-    const Code& code = procedure.code;
-    if (count != code.parameters) Raise(ErrorNumber::WrongArgumentCount);
-    Tick();
-    Slot* const links = procedure.Links();
-    Frame* const frame = NextFrame(code, arguments);
-    for (std::size_t i = count; i < code.frameSize; ++i) {
-        arguments[i].PutEmpty();
-    }
-    new (frame) Frame{.code = &code,
-                      .pc = code.instructions.data(),
-                      .slots = arguments,
-                      .links = links,
-                      .result = result,
-                      .space = procedure.space,
-                      .me = me,
-                      .bound = &procedure,
-                      .scope = frame,
-                      .discard = discard};
-    if (me) me->AddRef();
-    procedure.AddRef();
-    mTop = frame;
-    for (const std::uint16_t parameter : code.byValue) {
-        Slot& slot = arguments[parameter];
+    BeginFrame(procedure, me, arguments, count, result, discard);
+}
+
+// Lets the parameters by value have values of their own, and the names that were never declared their meaning.
+void Machine::TakeArguments(Frame& frame) {
+    for (const std::uint16_t parameter : frame.code->byValue) {
+        Slot& slot = frame.slots[parameter];
         if (slot.IsAlias()) new (&slot.value) Variant(*slot.link.variable);
     }
-    if (!code.open.empty()) BindOpenNames(*frame);
+    if (!frame.code->open.empty()) BindOpenNames(frame);
 }
 
 // Begins a text's statements or its expression. Its names stand for what the procedure `scope` sees, or for global
@@ -76,7 +55,6 @@ void Machine::PushUnit(Namespace& space, const Ref<Unit>& unit, Frame* scope, Sl
     if (links + count >= mSlotsEnd) Raise(ErrorNumber::OutOfStackSpace);
     Tick();
     for (std::size_t i = 0; i < count; ++i) {
-        new (&links[i]) Slot;
         if (scope) {
             LinkLocally(*scope, code.names[i], links[i]);
         } else {
@@ -85,35 +63,38 @@ void Machine::PushUnit(Namespace& space, const Ref<Unit>& unit, Frame* scope, Sl
     }
     Slot* const slots = links + count;
     Frame* const frame = NextFrame(code, slots);
-    for (std::size_t i = 0; i < code.frameSize; ++i) {
-        new (&slots[i]) Slot;
+    for (Slot *slot = slots, *end = slots + code.frameSize; slot != end; ++slot) {
+        slot->PutEmpty();
     }
     new (frame) Frame{.code = &code,
                       .pc = code.instructions.data(),
                       .slots = slots,
                       .links = links,
                       .result = result,
+                      .fields = scope ? scope->fields : nullptr,
                       .space = &space,
                       .me = scope ? scope->me : nullptr,
                       .unit = unit.get(),
                       .scope = scope,
-                      .discard = discard};
+                      .discard = discard,
+                      .holdsMore = true};
     if (frame->me) frame->me->AddRef();
     unit->AddRef();
     mTop = frame;
 }
 
 // Ends the current procedure with a value. True if the machine was called for it.
-bool Machine::EndFrame(Variant value) {
+bool Machine::EndFrame(Variant&& value) {
     const bool isEntry = mTop->isEntry;
     const bool discard = mTop->discard;
     Slot* const to = mTop->result;
     mWritten = mTop->code->written;
+    Variant kept = std::move(value);
     PopFrame();
     if (isEntry) {
-        mResult = std::move(value);
+        new (&mResult) Variant(std::move(kept));  // empty between runs
     } else if (to) {
-        to->Take(discard ? Variant() : std::move(value));
+        to->Take(discard ? Variant() : std::move(kept));
     }
     return isEntry;
 }
@@ -122,17 +103,7 @@ bool Machine::EndFrame(Variant value) {
 bool Machine::Return() {
     const Frame& frame = *mTop;
     if (!frame.code->hasResult) return EndFrame(Variant());
-    Variant& value = frame.slots[frame.code->result].value;
-    // Short cut: a number, for another procedure that wants it.
-    Slot kept;
-    Slot* const to = frame.result;
-    if (!frame.isEntry && !frame.discard && fast::Copy(value, kept.value)) {
-        mWritten = frame.code->written;
-        PopFrame();
-        if (!fast::Copy(kept.value, to->value)) to->Take(std::move(kept.value));
-        return false;
-    }
-    return EndFrame(std::move(value));
+    return EndFrame(std::move(frame.slots[frame.code->result].value));
 }
 
 // Ends an expression text with its value.

@@ -1,6 +1,7 @@
 #include "platform/automation/conversions.h"
 #include "platform/automation/enumeration.h"
 #include "platform/automation/operators.h"
+#include "platform/script/vbscript/fast_operators.h"
 #include "platform/script/vbscript/machine.h"
 
 namespace ov::vbscript {
@@ -55,6 +56,16 @@ bool Machine::ForNext(const Instruction& i) {
     Slot* const control = &At(i.b);
     if (control[1].value.IsEmpty()) Raise(ErrorNumber::ForLoopNotInitialized);
     Slot& variable = At(i.a);
+    const Variant& limit = control[0].value;
+    // Short cut: the end of a loop over whole numbers.
+    if (fast::IsWhole(variable.Type()) && variable.Type() == limit.Type()) {
+        Variant next = Add(variable.value, control[1].value);
+        if (fast::IsWhole(next.Type())) {
+            const std::int32_t step = fast::Whole(control[1].value);
+            variable.value = next;
+            return step >= 0 ? fast::Whole(next) <= fast::Whole(limit) : fast::Whole(next) >= fast::Whole(limit);
+        }
+    }
     Write(variable, Add(Read(variable), control[1].value));
     return IsReached(Read(variable), control[0].value, control[1].value);
 }

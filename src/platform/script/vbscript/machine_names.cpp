@@ -142,17 +142,9 @@ void Machine::BindOpenNames(Frame& frame) {
     }
 }
 
-void Machine::LinkGlobally(Namespace& space, const Name& name, Slot& link) {
-    Global& global = space.Resolve(name);
-    if (global.kind == Global::Kind::Variable) {
-        link.PutAlias(global.value);
-    } else {
-        link.PutName(global);
-    }
-}
-
 Globals& Machine::LocalNames(Frame& scope) {
     if (!scope.added) scope.added = new AddedNames;
+    scope.holdsMore = true;
     return scope.added->globals;
 }
 

@@ -1,6 +1,8 @@
 #include "platform/automation/conversions.h"
 #include "platform/automation/operators.h"
 #include "platform/script/vbscript/fast_operators.h"
+#include "platform/script/vbscript/foreseen_errors.h"
+#include "platform/script/vbscript/forms.h"
 #include "platform/script/vbscript/machine.h"
 
 namespace ov::vbscript {
@@ -76,10 +78,14 @@ Text TextOf(const Variant& value) {
 
 // An operator by all the rules. Temporary operands end here, so that objects among them do.
 void Machine::Operate(const Instruction& i) {
+    const Opcode op = GeneralOf(i.op);
     Slot& a = At(i.b);
-    Slot& b = IsUnary(i.op) ? a : At(i.c);
+    Slot& b = IsUnary(op) ? a : At(i.c);
+    if (GoesOn() && !a.IsName() && !b.IsName()) {
+        if (const auto error = ForeseenError(op, Read(a), Read(b))) return Fail(*error);
+    }
     // Two names that are calls would share the place of their values.
-    Variant result = a.IsName() ? Compute(i.op, Variant(Read(a)), Read(b)) : Compute(i.op, Read(a), Read(b));
+    Variant result = a.IsName() ? Compute(op, Variant(Read(a)), Read(b)) : Compute(op, Read(a), Read(b));
     if (i.flags & kFreeB) a.Clear();
     if (i.flags & kFreeC) b.Clear();
     Write(At(i.a), std::move(result));
@@ -100,7 +106,7 @@ void Machine::Compare(const Instruction& i) {
         if (i.flags & kFreeC) b.Clear();
     }
     if (!order) return Write(to, Variant::Null());
-    const bool holds = Holds(i.op, *order);
+    const bool holds = Holds(GeneralOf(i.op), *order);
     if (to.IsValue() && fast::TakesBoolean(to.value)) return to.Put(holds);
     Write(to, Variant(holds));
 }
@@ -116,8 +122,9 @@ bool Machine::Test(const Instruction& i) {
     if (i.flags & kFreeB) a.Clear();
     if (i.flags & kFreeC) b.Clear();
     if (!order) return false;
-    const auto distance = static_cast<unsigned>(i.op) - static_cast<unsigned>(Opcode::JumpUnlessEqual);
-    const Opcode comparison = i.op == Opcode::JumpWhenEqual
+    const Opcode op = GeneralOf(i.op);
+    const auto distance = static_cast<unsigned>(op) - static_cast<unsigned>(Opcode::JumpUnlessEqual);
+    const Opcode comparison = op == Opcode::JumpWhenEqual
                                   ? Opcode::Equal
                                   : static_cast<Opcode>(static_cast<unsigned>(Opcode::Equal) + distance);
     return Holds(comparison, *order);

@@ -77,6 +77,12 @@ void Namespace::Reset(Global& global, Global::Kind kind) {
     const Ref<BoundClass> boundClass = std::exchange(global.boundClass, nullptr);
 }
 
+void Namespace::PutObject(Global& global, IDispatch* object) {
+    global.value = Variant(object);
+    const InterfaceInfo* const info = object ? object->GetTypeInfo() : nullptr;
+    global.call = info && info->IsFacet(*object) ? info->DefaultMember() : nullptr;
+}
+
 void Namespace::Publish(const Text& name, IDispatch* object, bool addMembers) {
     ++mDefinitions;
     if (mPublished.capacity() == 0) mPublished.reserve(8);
@@ -85,7 +91,7 @@ void Namespace::Publish(const Text& name, IDispatch* object, bool addMembers) {
     const std::uint32_t hash = HashNoCase(name);
     if (std::unique_ptr<Global>* known = mGlobals.Find(name, hash)) {
         Reset(**known, Global::Kind::Object);
-        (*known)->value = Variant(object);
+        PutObject(**known, object);
     }
     if (!addMembers) return;
     for (auto& [member, memberHash, global] : mGlobals) {
@@ -125,7 +131,7 @@ void Namespace::Define(const Ref<Unit>& unit) {
         mUnits.push_back(unit);
         return;
     }
-    if (unit->DefinesNames()) ++mDefinitions;
+    if (unit->definesNames) ++mDefinitions;
     const auto enter = [&](const Text& name, std::uint32_t hash) -> Global& {
         std::unique_ptr<Global>* known = mGlobals.Find(name, hash);
         return known ? **known : EnterName(mGlobals, name, hash);
@@ -202,7 +208,7 @@ bool Namespace::LookUp(const Name& name, Global& global) {
     for (auto published = mPublished.rbegin(); published != mPublished.rend(); ++published) {
         if (!EqualNoCase(published->name, name.text)) continue;
         global.kind = Global::Kind::Object;
-        global.value = Variant(published->object);
+        PutObject(global, published->object.get());
         return true;
     }
     for (const Published& published : mPublished) {

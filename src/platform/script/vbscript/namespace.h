@@ -6,7 +6,7 @@
 #include <memory>
 #include <vector>
 
-#include "platform/automation/dispatch.h"
+#include "platform/automation/interface_info.h"
 #include "platform/automation/memory_account.h"
 #include "platform/script/vbscript/code.h"
 #include "platform/script/vbscript/err_object.h"
@@ -78,6 +78,7 @@ struct Global {
     Kind kind = Kind::Undefined;
     Intrinsic intrinsic = Intrinsic::None;
     DispId member = kDispIdUnknown;
+    const Member* call = nullptr;  ///< of an Object that is a facet: its default member
     const Builtin* builtin = nullptr;
     Ref<BoundCode> procedure;
     Ref<BoundClass> boundClass;
@@ -150,6 +151,7 @@ private:
     void NoteLinked(BoundCode& code);
     void ForgetLinked(BoundCode& code) noexcept;
     void Reset(Global& global, Global::Kind kind);
+    static void PutObject(Global& global, IDispatch* object);
     void ResetVariables();
     bool LookUp(const Name& name, Global& global);
     const Unit::Procedure* FindLazily(std::u16string_view name, std::uint32_t hash, Ref<Unit>& unit) const noexcept;

@@ -87,9 +87,58 @@ enum class Opcode : std::uint8_t {
     Result,       ///< ends an expression text with value a
     OnError,      ///< clears Err; flag: resume next
     RaiseNumber,  ///< raises error a, about name b - 1 unless b is 0
+
+    // Forms: the same as the instructions that they are named for, for operands that lie where forms.h tells.
+    LetSlots,
+    LetConstant,
+    MoveSlots,
+    MoveConstant,
+    AddSlots,
+    AddConstant,
+    SubtractSlots,
+    SubtractConstant,
+    MultiplySlots,
+    MultiplyConstant,
+    DivideSlots,
+    DivideConstant,
+    IntegerDivideSlots,
+    IntegerDivideConstant,
+    ModuloSlots,
+    ModuloConstant,
+    AndSlots,
+    OrSlots,
+    EqualSlots,
+    EqualConstant,
+    NotEqualSlots,
+    NotEqualConstant,
+    LessSlots,
+    LessConstant,
+    LessEqualSlots,
+    LessEqualConstant,
+    GreaterSlots,
+    GreaterConstant,
+    GreaterEqualSlots,
+    GreaterEqualConstant,
+    JumpIfFalseSlots,
+    JumpUnlessEqualSlots,
+    JumpUnlessEqualConstant,
+    JumpUnlessNotEqualSlots,
+    JumpUnlessNotEqualConstant,
+    JumpUnlessLessSlots,
+    JumpUnlessLessConstant,
+    JumpUnlessLessEqualSlots,
+    JumpUnlessLessEqualConstant,
+    JumpUnlessGreaterSlots,
+    JumpUnlessGreaterConstant,
+    JumpUnlessGreaterEqualSlots,
+    JumpUnlessGreaterEqualConstant,
+    ForNextSlots,
+    GetElementSlots,
+    PutElementSlots,
 };
 
-inline constexpr Opcode kLastOpcode = Opcode::RaiseNumber;
+inline constexpr Opcode kLastOpcode = Opcode::RaiseNumber;  ///< that is no form
+inline constexpr Opcode kLastForm = Opcode::PutElementSlots;
 
 /// True for one operand, b or that of a jump.
 constexpr bool IsUnary(Opcode op) noexcept {

@@ -15,7 +15,7 @@ ScriptTimeout::ScriptTimeout(std::int32_t line, std::int32_t column)
     : ScriptError(RuntimeError(kInterrupted, u"Microsoft VBScript runtime error", u"Script execution timed out"), false,
                   line, column) {}
 
-RunGuard::RunGuard(std::int32_t timeout) {
+RunGuard::RunGuard(std::int32_t timeout) : mDeadline(timeout) {
     const char* here = static_cast<const char*>(__builtin_frame_address(0));
     if (sDepth == 0) {
         sStackStart = here;
@@ -26,7 +26,6 @@ RunGuard::RunGuard(std::int32_t timeout) {
         CheckTime();  // runs within runs may each be too short to ask, and yet never end
     }
     ++sDepth;
-    mDeadline.emplace(timeout);
 }
 
 RunGuard::~RunGuard() {

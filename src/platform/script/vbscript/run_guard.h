@@ -51,8 +51,8 @@ private:
     static inline int sDepth = 0;
     static inline const char* sStackStart = nullptr;
 
-    std::optional<MemoryAccount::Limit> mMemory;
-    std::optional<Deadline> mDeadline;
+    std::optional<MemoryAccount::Limit> mMemory;  // of the outermost one
+    Deadline mDeadline;
 };
 
 /// The bounds of a run for whatever scripts run because objects end, unless a run is under way already. Without it each

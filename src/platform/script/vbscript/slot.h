@@ -56,22 +56,13 @@ public:
     /// @pre the content is plain
     void PutEmpty() noexcept { std::memset(static_cast<void*>(&value), 0, sizeof value); }  // as Variant() is
     /// @pre the content is plain
-    void PutAlias(Variant& variable) noexcept {
-        new (&link) Link{kAlias, {}};
-        link.variable = &variable;
-    }
+    void PutAlias(Variant& variable) noexcept { PutLink(kAlias, &variable); }
     /// @pre the content is plain
-    void PutName(Global& global) noexcept {
-        new (&link) Link{kName, {}};
-        link.global = &global;
-    }
+    void PutName(Global& global) noexcept { PutLink(kName, &global); }
     /// Ends the content.
     void Clear() noexcept {
-        if (IsPlain()) {
-            PutEmpty();
-        } else {
-            value = Variant();
-        }
+        if (!IsPlain()) return End();
+        PutEmpty();
     }
     /// Takes over @p from, whatever was here before.
     void Take(Variant&& from) noexcept {
@@ -81,6 +72,15 @@ public:
 
     Variant value;
     Link link;
+
+private:
+    // In two words, as a Variant is written.
+    void PutLink(VarType type, const void* target) noexcept {
+        const auto head = static_cast<std::uint64_t>(type);
+        std::memcpy(static_cast<void*>(&link), &head, sizeof head);
+        std::memcpy(reinterpret_cast<char*>(&link) + sizeof head, &target, sizeof target);
+    }
+    [[gnu::noinline]] void End() noexcept { value = Variant(); }
 };
 
 static_assert(std::is_standard_layout_v<Variant>);  // so that the type can be read whatever is in a Slot

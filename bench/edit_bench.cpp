@@ -1,21 +1,15 @@
-// A user's edit in devices of growing size, and one rule beside Lua.
-#include <array>
-#include <initializer_list>
-#include <memory>
+// A user's edit in a group that others read: it costs what it changes, however large the device is.
+#include <sqlite3.h>
+
 #include <stdexcept>
 #include <string>
-#include <utility>
-#include <vector>
-
-#include <lua.hpp>
 
 #include "contract/group.h"
 #include "contract/parameter.h"
 #include "figures.h"
 #include "generator.h"
-#include "loaded_module.h"
-#include "platform/automation/conversions.h"
-#include "tree/group.h"
+#include "module/module.h"
+#include "support/diagnostics.h"
 
 namespace ov::bench {
 
@@ -23,153 +17,129 @@ namespace {
 
 constexpr int kParametersInGroup = 20;
 
-DescriptorShape Shape(int parameters) {
-    return {.channels = 1, .groups = parameters / kParametersInGroup, .parameters = kParametersInGroup};
+/// Whose parameters the last rule of each group reads.
+enum class Neighbours { OfTheChannel, OfAnotherChannel };
+
+// In each group parameters 2 to 4 are there as long as parameter 1 is not 7, and 6 to 19 read parameter 5. Parameter 20
+// reads parameter 1 of the next group, so that no edit stays in its group.
+std::string SharedDescriptor(int parameters, Neighbours neighbours) {
+    const int groups = parameters / kParametersInGroup / 2;
+    const std::string path = GenerateDescriptor(
+        {.channels = 2, .groups = groups, .parameters = kParametersInGroup, .mix = ParameterMix::Integers});
+    const std::string group = "((GroupType % " + std::to_string(groups) + ") + 1)";
+    const std::string channel = "((GroupType - 1) / " + std::to_string(groups) + ")";
+    const std::string neighbour = neighbours == Neighbours::OfTheChannel
+                                      ? "'!:G(\"' || " + group + " || '\")"
+                                      : "'!:CH(\"' || (1 - " + channel + ") || '\")(\"' || " + group + " || '\")";
+    const std::string sql =
+        "UPDATE Parameters SET dependency = '!:P(\"1\") <> 7' WHERE ParameterId IN (2, 3, 4);"
+        "UPDATE Parameters SET dependency = '!:P(\"5\") < 5000' WHERE ParameterId BETWEEN 6 AND 19;"
+        "UPDATE Parameters SET dependency = " +
+        neighbour + "(\"1\") < 5000' WHERE ParameterId = 20;";
+    sqlite3* db = nullptr;
+    const bool done = sqlite3_open(path.c_str(), &db) == SQLITE_OK &&
+                      sqlite3_exec(db, sql.c_str(), nullptr, nullptr, nullptr) == SQLITE_OK;
+    sqlite3_close(db);
+    if (!done) throw std::runtime_error("the rules of a descriptor cannot be written");
+    return path;
 }
 
-// A device with its whole tree, in which a user turns one number to and fro.
-class EditedDevice {
+/// A device with its whole tree, in which a user turns numbers to and fro.
+class SharedDevice {
 public:
-    explicit EditedDevice(int parameters) : mModule(GenerateDescriptor(Shape(parameters))) {
-        mModule.BuildAll();
-        mNumber = mModule.InnerGroup()->parameters()->get_Item(u"2")->Gui();
+    SharedDevice(int parameters, Neighbours neighbours) {
+        mModule->SetSourcePath(Text::FromUtf8(SharedDescriptor(parameters, neighbours)));
+        if (!mModule->Load(kGeneratedModuleType, {}, {})) throw std::runtime_error("a generated type does not load");
+        mModule->UpdateDependencies();
+        const auto parameter = [&](const char16_t* id) {
+            const auto channel = mModule->Spec()->channels()->get_first();
+            return channel->groups()->get_Item(u"2")->parameters()->get_Item(id)->Gui();
+        };
+        mRead = parameter(u"1");
+        mUnread = parameter(u"19");
+        mShown = parameter(u"2");
+        for (int i = 0; i < 4; ++i) {
+            EditOfThree();
+        }
     }
-    std::size_t Edit() {
+    SharedDevice(const SharedDevice&) = delete;
+    SharedDevice& operator=(const SharedDevice&) = delete;
+    ~SharedDevice() { mModule->Unload(); }
+
+    // Three parameters go or come.
+    bool EditOfThree() {
         mHigh = !mHigh;
-        mNumber->let_value(mHigh ? u"7" : u"3");
-        return mNumber->get_value().size();
+        mRead->let_value(mHigh ? u"7" : u"3");
+        const bool there = mShown->configState() == eParameterConfigState::eParameterValid;
+        if (there == mHigh) throw std::runtime_error("an edit has not changed what it should");
+        return there;
+    }
+    // Nobody reads the number.
+    bool BareEdit() {
+        mHigher = !mHigher;
+        mUnread->let_value(mHigher ? u"7" : u"3");
+        return mUnread->modified();
+    }
+    bool Sweep() {
+        mModule->UpdateDependencies();
+        return true;
     }
 
 private:
-    LoadedModule mModule;
-    Ref<IBase_GuiParameter> mNumber;
-    bool mHigh = false;
+    Ref<Module> mModule = MakeObject<Module>();
+    Ref<IBase_GuiParameter> mRead, mUnread, mShown;
+    bool mHigh = false, mHigher = false;
 };
 
-// An edit sweeps the rules of its group, so that the rest of the device does not matter.
-void UserEdit(benchmark::State& state) {
-    EditedDevice subject(static_cast<int>(state.range(0)));
-    EditedDevice small(200);
+void CompareSizes(benchmark::State& state, Neighbours neighbours) {
+    SharedDevice subject(static_cast<int>(state.range(0)), neighbours);
+    SharedDevice small(200, neighbours);
     Compare(
-        state, 1.2, [&] { return subject.Edit(); }, [&] { return small.Edit(); });
-    state.SetItemsProcessed(state.iterations());
+        state, 1.2, [&] { return subject.EditOfThree(); }, [&] { return small.EditOfThree(); });
 }
-BENCHMARK(UserEdit)->Arg(200)->Arg(2'000)->Arg(20'000)->UseManualTime()->Unit(benchmark::kMicrosecond);
 
-// The check of the parameter and the sweep of its group, beside reading what the group shows.
-void EditWithoutRules(benchmark::State& state) {
-    LoadedModule module(GenerateDescriptor({.groups = 1, .mix = ParameterMix::Integers}));
-    std::vector<Ref<IBase_GuiParameter>> parameters;
-    module.ForEachParameter([&](IBase_SpecParameter& parameter) { parameters.push_back(parameter.Gui()); });
-    bool high = false;
-    const auto edit = [&] {
-        high = !high;
-        parameters[1]->let_value(high ? u"7" : u"3");
-        return parameters[1]->modified();
+// The same edit in devices of growing size.
+void SharedEdit(benchmark::State& state) {
+    CompareSizes(state, Neighbours::OfTheChannel);
+}
+BENCHMARK(SharedEdit)->Arg(200)->Arg(2'000)->Arg(20'000)->UseManualTime()->Unit(benchmark::kMicrosecond);
+
+void SharedEditAcrossChannels(benchmark::State& state) {
+    CompareSizes(state, Neighbours::OfAnotherChannel);
+}
+BENCHMARK(SharedEditAcrossChannels)->Arg(200)->Arg(2'000)->Arg(20'000)->UseManualTime()->Unit(benchmark::kMicrosecond);
+
+// What three parameters that go or come add to an edit.
+void EditOfThree(benchmark::State& state) {
+    SharedDevice device(20'000, Neighbours::OfAnotherChannel);
+    double edit = 1, bare = 1;
+    const auto editOfThree = [&] { return device.EditOfThree(); };
+    const auto bareEdit = [&] { return device.BareEdit(); };
+    for (auto _ : state) {
+        const double seconds = SecondsOf(editOfThree);
+        edit = std::min(edit, seconds);
+        bare = std::min(bare, SecondsOf(bareEdit));
+        state.SetIterationTime(seconds);
+    }
+    state.counters["microseconds"] = (edit - bare) * 1e6;
+    state.counters["bare"] = bare * 1e6;
+    state.counters["limit"] = 40;
+}
+BENCHMARK(EditOfThree)->UseManualTime()->Unit(benchmark::kMicrosecond);
+
+// A sweep over a device in which nothing is to do, beside the one that runs all rules.
+void IdleSweep(benchmark::State& state) {
+    SharedDevice device(2'000, Neighbours::OfTheChannel);
+    const auto full = [&] {
+        GlobalDiagnostics().fullSweep = true;
+        device.Sweep();
+        GlobalDiagnostics().fullSweep = false;
+        return true;
     };
-    const auto readTexts = [&] {
-        std::size_t characters = 0;
-        for (const Ref<IBase_GuiParameter>& parameter : parameters) {
-            characters += parameter->get_value().size();
-        }
-        return characters;
-    };
-    Compare(state, 3, edit, readTexts);
-}
-BENCHMARK(EditWithoutRules)->UseManualTime();
-
-constexpr int kRuns = 200;
-constexpr const char* kLuaRule = "return P('2') == 1 and P('3') > 5";
-
-// A table of values behind a C function, as the smallest host of Lua has it.
-class LuaRule {
-public:
-    LuaRule() {
-        luaL_openlibs(mState.get());
-        lua_pushcfunction(mState.get(), &Value);
-        lua_setglobal(mState.get(), "P");
-        luaL_loadstring(mState.get(), kLuaRule);
-    }
-    bool RunCompiled() {
-        lua_pushvalue(mState.get(), 1);
-        return Answer();
-    }
-    bool CompileAndRun() {
-        luaL_loadstring(mState.get(), kLuaRule);
-        return Answer();
-    }
-
-private:
-    static int Value(lua_State* state) {
-        static constexpr std::array<lua_Integer, 4> kValues = {0, 0, 1, 6};
-        lua_pushinteger(state, kValues[static_cast<std::size_t>(luaL_checkstring(state, 1)[0] - '0') % 4]);
-        return 1;
-    }
-    bool Answer() {
-        if (lua_pcall(mState.get(), 0, 1, 0) != LUA_OK) throw std::runtime_error(lua_tostring(mState.get(), -1));
-        const bool answer = lua_toboolean(mState.get(), -1) != 0;
-        lua_pop(mState.get(), 1);
-        return answer;
-    }
-
-    std::unique_ptr<lua_State, void (*)(lua_State*)> mState{luaL_newstate(), &lua_close};
-};
-
-template <class Run>
-auto Repeated(Run run) {
-    return [run]() mutable {
-        int held = 0;
-        for (int i = 0; i < kRuns; ++i) {
-            held += run() ? 1 : 0;
-        }
-        return held;
-    };
-}
-
-void Write(IBase_SpecGroup& group, std::initializer_list<std::pair<const char16_t*, std::int32_t>> values) {
-    for (const auto& [id, value] : values) {
-        group.parameters()->get_Item(id)->let_value(value);
-    }
-}
-
-// A rule as the group's reader sees it: text in, answer out. Beside it Lua with the rule compiled beforehand, and
-// compiled each time.
-void EvaluateRule(benchmark::State& state) {
-    LoadedModule module(GenerateDescriptor(Shape(200)));
-    const Ref<IBase_SpecGroup> group = module.InnerGroup();
-    Write(*group, {{u"2", 1}, {u"3", 6}});
-    auto& owner = dynamic_cast<Group&>(*group);
-    const Text rule = u"!:P(\"2\") = 1 And P(\"3\") > 5";
-    LuaRule lua;
-    Compare(state, 3, Repeated([&] { return owner.GetBoolFromScript(rule, Variant()); }),
-            Repeated([&] { return lua.RunCompiled(); }),
-            AlsoBeside("ratioToCompiling", Repeated([&] { return lua.CompileAndRun(); })));
-    state.SetItemsProcessed(state.iterations() * kRuns);
-}
-BENCHMARK(EvaluateRule)->UseManualTime();
-
-// A pass over a group of which each parameter has one rule, and nothing changes; beside it the rules alone.
-void SweepOfRules(benchmark::State& state) {
-    constexpr int kRules = 1'000;
-    LoadedModule module(
-        GenerateDescriptor({.channels = 1, .groups = 1, .parameters = kRules + 2, .mix = ParameterMix::OneRuleEach}));
-    const Ref<IBase_SpecGroup> group = module.Group(u"1");
-    Write(*group, {{u"1", 1}, {u"2", 60}});
-    auto& swept = dynamic_cast<Group&>(*group);
-    const Text rule = u"!:P(\"1\") = 1 And P(\"2\") > 50";
-    const auto evaluate = [&] {
-        int held = 0;
-        for (int i = 0; i < kRules; ++i) {
-            held += swept.GetBoolFromScript(rule, Variant()) ? 1 : 0;
-        }
-        return held;
-    };
-    swept.ReconfigurationPass();  // the parameters that the writes brought in
     Compare(
-        state, 2, [&] { return swept.ReconfigurationPass(); }, evaluate);
-    state.SetItemsProcessed(state.iterations() * kRules);
+        state, 0.01, [&] { return device.Sweep(); }, full);
 }
-BENCHMARK(SweepOfRules)->UseManualTime();
+BENCHMARK(IdleSweep)->UseManualTime()->Unit(benchmark::kMicrosecond);
 
 }  // namespace
 

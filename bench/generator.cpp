@@ -317,6 +317,7 @@ std::string GenerateDescriptor(const DescriptorShape& shape) {
     SqliteFile file;
     file.Run(kTextsTable);
     file.Run(kParametersTable);
+    if (shape.isIndexed) file.Run(kParametersIndex);
     file.Run(kFrameTables);
     WriteChannels(file, shape);
     std::int64_t texts = 0;
@@ -346,6 +347,7 @@ std::string GenerateParameterTable(int rows, std::uint32_t seed) {
     Random random(seed);
     SqliteFile file;
     file.Run(kParametersTable);
+    file.Run(kParametersIndex);
     {
         ParameterWriter parameters(file, random);
         for (int group = 1; parameters.Rows() < rows; ++group) {

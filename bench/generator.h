@@ -23,6 +23,7 @@ struct DescriptorShape {
     int parameters = 20;  ///< in each group; some have a second row, an alternative
     std::uint32_t seed = 1;
     ParameterMix mix = ParameterMix::All;
+    bool isIndexed = false;  ///< whether `Parameters` has an index by group and order; real descriptors have none
 };
 
 /// Name of the one module type of a generated descriptor.

@@ -16,8 +16,9 @@ CREATE TABLE Parameters (
     precision LONG, multiline YESNO, consistency TEXT, actionOnChange TEXT, dependency TEXT, removeOnDependency YESNO,
     editable YESNO, expertOnly YESNO, authentification LONG, html LONG, trendvariable YESNO, EditPlugin TEXT,
     editPluginArguments TEXT, imageByte LONG, imageBit LONG, imageBits LONG);
-CREATE INDEX ParametersOfGroup ON Parameters (GroupType, [order], ParameterId);
 )sql";
+inline constexpr const char* kParametersIndex =
+    "CREATE INDEX ParametersOfGroup ON Parameters (GroupType, [order], ParameterId)";
 
 /// All other tables, with the rows that do not depend on the size of the descriptor.
 inline constexpr const char* kFrameTables = R"sql(

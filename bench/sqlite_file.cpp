@@ -59,6 +59,13 @@ std::string SqliteFile::Finish() {
     return mPath;
 }
 
+std::string FreshName(const std::string& path) {
+    std::string name = NewPath();
+    std::filesystem::remove(name);
+    std::filesystem::create_hard_link(path, name);
+    return name;
+}
+
 Insert::Insert(SqliteFile& file, std::string_view table, int columns) {
     std::string sql = "INSERT INTO [" + std::string(table) + "] VALUES (?";
     for (int column = 1; column < columns; ++column) {

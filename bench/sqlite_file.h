@@ -39,6 +39,9 @@ private:
     std::unique_ptr<sqlite3, Close> mDb;
 };
 
+/// Another name for the file @p path, under which nobody has opened it yet. Removed when the program ends.
+std::string FreshName(const std::string& path);
+
 /// Adds rows to a table through one prepared statement. Ends before its file is finished.
 class Insert {
 public:

@@ -1,82 +1,32 @@
-// Building a tree beside reading its rows, a user's edit in devices of growing size, and one rule beside Lua.
+// Trees: the first module on a file beside a bare loop over its rows, further modules beside the first, clones,
+// language, saved states, the end. Files have no index where a bench does not tell otherwise.
 #include <sqlite3.h>
 
-#include <array>
-#include <initializer_list>
 #include <memory>
+#include <optional>
 #include <stdexcept>
 #include <string>
-#include <utility>
 #include <vector>
 
-#include <lua.hpp>
-
-#include "contract/group.h"
-#include "contract/parameter.h"
 #include "figures.h"
 #include "generator.h"
 #include "heap.h"
-#include "module/module.h"
-#include "platform/automation/conversions.h"
-#include "tree/group.h"
+#include "loaded_module.h"
+#include "sqlite_file.h"
 
 namespace ov::bench {
 
 namespace {
 
 constexpr int kParametersInGroup = 20;
+constexpr int kLarge = 200'000, kMiddle = 20'000, kSmall = 2'000;
 
-DescriptorShape Shape(int parameters) {
-    return {.channels = 1, .groups = parameters / kParametersInGroup, .parameters = kParametersInGroup};
+DescriptorShape Shape(int parameters, bool isIndexed = false) {
+    return {.channels = 1,
+            .groups = parameters / kParametersInGroup,
+            .parameters = kParametersInGroup,
+            .isIndexed = isIndexed};
 }
-
-/// A module whose tree ends with it.
-class LoadedModule {
-public:
-    explicit LoadedModule(const std::string& path) {
-        mModule->SetSourcePath(Text::FromUtf8(path));
-        if (!mModule->Load(kGeneratedModuleType, {}, {})) throw std::runtime_error("a generated type does not load");
-    }
-    LoadedModule(const LoadedModule&) = delete;
-    LoadedModule& operator=(const LoadedModule&) = delete;
-    ~LoadedModule() { mModule->Unload(); }
-
-    // Builds the whole tree; answers the number of its parameters.
-    std::size_t BuildAll() {
-        std::size_t count = 0;
-        ForEachGroup([&](IBase_SpecGroup& group) { count += static_cast<std::size_t>(group.parameters()->Count()); });
-        return count;
-    }
-    Ref<IBase_SpecGroup> Group(const Text& id) {
-        return mModule->Spec()->channels()->get_first()->groups()->get_Item(id);
-    }
-    // A group beyond the first one, which rules of other groups read.
-    Ref<IBase_SpecGroup> InnerGroup() { return Group(u"5"); }
-    template <class Visit>
-    void ForEachParameter(Visit visit) {
-        ForEachGroup([&](IBase_SpecGroup& group) {
-            ForEach(group.parameters(), [&](IDispatch* parameter) { visit(*facet<IBase_SpecParameter>(parameter)); });
-        });
-    }
-
-private:
-    template <class Visit>
-    void ForEachGroup(Visit visit) {
-        ForEach(mModule->Spec()->channels(), [&](IDispatch* channel) {
-            ForEach(facet<IBase_SpecChannel>(channel)->groups(),
-                    [&](IDispatch* group) { visit(*facet<IBase_SpecGroup>(group)); });
-        });
-    }
-    template <class Collection, class Visit>
-    static void ForEach(const Collection& collection, Visit visit) {
-        const Ref<IEnumVariant> walk = collection->NewEnum();
-        for (Variant item; walk->Next(item);) {
-            visit(item.AsObject());
-        }
-    }
-
-    Ref<Module> mModule = MakeObject<Module>();
-};
 
 // The same rows, by groups in the same order, each value as a text.
 std::size_t ReadRows(const std::string& path, int groups) {
@@ -104,178 +54,229 @@ std::size_t ReadRows(const std::string& path, int groups) {
     return sum;
 }
 
-// Load, the whole tree with its rules, and its end.
-void BuildTree(benchmark::State& state) {
-    constexpr int kParameters = 20'000;
-    const DescriptorShape shape = Shape(kParameters);
-    const std::string path = GenerateDescriptor(shape);
-    const auto build = [&] { return LoadedModule(path).BuildAll(); };
-    Compare(state, 4, build, [&] { return ReadRows(path, shape.groups); });
-    state.SetItemsProcessed(state.iterations() * kParameters);
-}
-BENCHMARK(BuildTree)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(3);
+// A device whose file nobody has opened yet.
+struct Device {
+    explicit Device(int parameters, bool isIndexed = false) : path(GenerateDescriptor(Shape(parameters, isIndexed))) {}
 
-// What the parameters of one group take, each with its row and its place in the lists.
+    std::unique_ptr<LoadedModule> First() const { return std::make_unique<LoadedModule>(FreshName(path)); }
+    std::unique_ptr<LoadedModule> FirstTree() const {
+        std::unique_ptr<LoadedModule> module = First();
+        module->BuildAll();
+        return module;
+    }
+    std::string path;
+};
+
+// Load, the whole tree with its rules, and its end, by the first module that opens the file.
+void BuildTree(benchmark::State& state) {
+    const auto parameters = static_cast<int>(state.range(0));
+    const Device device(parameters, state.range(1) != 0);
+    const Device indexed(parameters, true);
+    Compare(
+        state, 1.5, [&] { return LoadedModule(FreshName(device.path)).BuildAll(); },
+        [&] { return ReadRows(indexed.path, parameters / kParametersInGroup); });
+    state.SetItemsProcessed(state.iterations() * parameters);
+}
+BENCHMARK(BuildTree)
+    ->ArgNames({"", "indexed"})
+    ->ArgsProduct({{kMiddle, kLarge}, {0, 1}})
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond)
+    ->Iterations(3);
+
+// Times a run on a large device beside as many on a middle one as have as many parameters.
+template <class Prepare, class Run>
+void CompareSizes(benchmark::State& state, double limit, Prepare prepare, Run run) {
+    const Device large(kLarge), middle(kMiddle);
+    constexpr int kTimes = kLarge / kMiddle;
+    double largeFastest = std::numeric_limits<double>::infinity(), middleFastest = largeFastest;
+    for (auto _ : state) {
+        double seconds = 0;
+        for (int i = 0; i < kTimes; ++i) {
+            auto subject = prepare(middle);
+            const auto once = [&] { return run(subject); };
+            seconds += SecondsOf(once);
+        }
+        middleFastest = std::min(middleFastest, seconds);
+        auto subject = prepare(large);
+        const auto once = [&] { return run(subject); };
+        seconds = SecondsOf(once);
+        largeFastest = std::min(largeFastest, seconds);
+        state.SetIterationTime(seconds);
+    }
+    state.counters["ratio"] = largeFastest / middleFastest;
+    state.counters["limit"] = limit;
+}
+
+void BuildPerParameter(benchmark::State& state) {
+    CompareSizes(
+        state, 1.2, [](const Device& device) { return device.First(); },
+        [](const std::unique_ptr<LoadedModule>& module) { return module->BuildAll(); });
+}
+BENCHMARK(BuildPerParameter)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(2);
+
+void UnloadPerParameter(benchmark::State& state) {
+    CompareSizes(
+        state, 1.3, [](const Device& device) { return device.FirstTree(); },
+        [](std::unique_ptr<LoadedModule>& module) {
+            module = nullptr;
+            return 0;
+        });
+}
+BENCHMARK(UnloadPerParameter)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(2);
+
+// What a user waits for, one group of a device that nobody has opened yet, beside the whole tree.
+void FirstScreen(benchmark::State& state) {
+    const Device device(kMiddle);
+    Compare(
+        state, 0.3, [&] { return device.First()->Group(u"5")->parameters()->Count(); },
+        [&] { return device.First()->BuildAll(); });
+}
+BENCHMARK(FirstScreen)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(5);
+
+// The second module of a type beside the first.
+void SecondModule(benchmark::State& state) {
+    const Device device(kMiddle);
+    std::string path;
+    std::unique_ptr<LoadedModule> first, second;
+    const auto build = [&](std::unique_ptr<LoadedModule>& module) {
+        module = std::make_unique<LoadedModule>(path);
+        return module->BuildAll();
+    };
+    Compare(
+        state, 0.25, [&] { return build(second); },
+        [&] {
+            first = nullptr;
+            second = nullptr;
+            path = FreshName(device.path);
+            return build(first);
+        });
+    state.SetItemsProcessed(state.iterations() * kMiddle);
+}
+BENCHMARK(SecondModule)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(3);
+
+// The hundredth one beside the second.
+void HundredthModule(benchmark::State& state) {
+    constexpr int kModules = 100;
+    const Device device(kSmall);
+    std::vector<std::unique_ptr<LoadedModule>> modules;
+    double second = 0, last = 0;
+    for (auto _ : state) {
+        modules.clear();
+        const std::string path = FreshName(device.path);
+        for (int i = 0; i < kModules; ++i) {
+            const auto build = [&] {
+                modules.push_back(std::make_unique<LoadedModule>(path));
+                return modules.back()->BuildAll();
+            };
+            const double seconds = SecondsOf(build);
+            if (i > 0 && i <= kModules / 10) second += seconds;
+            if (i >= kModules - kModules / 10) last += seconds;
+        }
+        state.SetIterationTime(last);
+    }
+    state.counters["ratio"] = last / second;
+    state.counters["limit"] = 1.3;
+}
+BENCHMARK(HundredthModule)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(2);
+
+void CloneTree(benchmark::State& state) {
+    const Device device(kMiddle);
+    const std::string path = FreshName(device.path);
+    LoadedModule living(path);
+    living.BuildAll();
+    Ref<IBase_SpecModule> clone;
+    std::unique_ptr<LoadedModule> second;
+    const auto endClone = [&] {
+        if (const auto module = facet<CBase_Module>(std::exchange(clone, nullptr))) module->Unload();
+    };
+    Compare(
+        state, 1.5,
+        [&] {
+            clone = living->Clone();
+            return clone.get();
+        },
+        [&] {
+            endClone();
+            second = nullptr;
+            second = std::make_unique<LoadedModule>(path);
+            return second->BuildAll();
+        });
+    endClone();
+}
+BENCHMARK(CloneTree)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(3);
+
+// What the parameters of one group take, each with its place in the lists; of the first module its row as well.
 void LiveParameter(benchmark::State& state) {
     constexpr int kParameters = 1000;
     std::size_t bytes = 0;
+    const std::string path =
+        GenerateDescriptor({.groups = 2, .parameters = kParameters, .mix = ParameterMix::Integers});
     for (auto _ : state) {
-        LoadedModule module(
-            GenerateDescriptor({.groups = 2, .parameters = kParameters, .mix = ParameterMix::Integers}));
-        module.Group(u"1")->parameters();  // texts and statements that all of them share
-        const Ref<IBase_SpecGroup> group = module.Group(u"2");
-        const std::size_t before = BytesInUse();
-        if (group->parameters()->Count() != kParameters) return state.SkipWithError("parameters are missing");
-        bytes = BytesInUse() - before;
+        std::vector<std::unique_ptr<LoadedModule>> modules;
+        for (int i = 0; i <= state.range(0); ++i) {
+            LoadedModule& module = *modules.emplace_back(std::make_unique<LoadedModule>(path));
+            module.Group(u"1")->parameters();  // texts and statements that all of them share
+            const Ref<IBase_SpecGroup> group = module.Group(u"2");
+            const std::size_t before = BytesInUse();
+            if (group->parameters()->Count() != kParameters) return state.SkipWithError("parameters are missing");
+            bytes = BytesInUse() - before;
+        }
     }
     state.counters["bytes"] = static_cast<double>(bytes) / kParameters;
-    state.counters["limit"] = 1500;
+    state.counters["limit"] = state.range(0) == 0 ? 1300 : 450;
 }
-BENCHMARK(LiveParameter)->Iterations(1)->Unit(benchmark::kMillisecond);
+BENCHMARK(LiveParameter)->ArgName("modules before")->Arg(0)->Arg(1)->Iterations(1)->Unit(benchmark::kMillisecond);
 
-// A device with its whole tree, in which a user turns one number to and fro.
-class EditedDevice {
-public:
-    explicit EditedDevice(int parameters) : mModule(GenerateDescriptor(Shape(parameters))) {
-        mModule.BuildAll();
-        mNumber = mModule.InnerGroup()->parameters()->get_Item(u"2")->Gui();
-    }
-    std::size_t Edit() {
-        mHigh = !mHigh;
-        mNumber->let_value(mHigh ? u"7" : u"3");
-        return mNumber->get_value().size();
-    }
+// All that a screen shows of a device: names, units, values.
+std::size_t ReadAll(LoadedModule& module) {
+    std::size_t characters = 0;
+    module.ForEachParameter([&](IBase_SpecParameter& parameter) {
+        const Ref<IBase_GuiParameter> gui = parameter.Gui();
+        characters += gui->name().size() + gui->unit().size() + gui->get_value().size();
+    });
+    return characters;
+}
 
-private:
-    LoadedModule mModule;
-    Ref<IBase_GuiParameter> mNumber;
-    bool mHigh = false;
-};
-
-// An edit sweeps the rules of its group, so that the rest of the device does not matter.
-void UserEdit(benchmark::State& state) {
-    EditedDevice subject(static_cast<int>(state.range(0)));
-    EditedDevice small(200);
+// The first look at a device after a change of the language, beside a look without one.
+void LanguageChange(benchmark::State& state) {
+    LoadedModule module(FreshName(Device(kMiddle).path));
+    module.BuildAll();
+    bool english = false;
     Compare(
-        state, 1.2, [&] { return subject.Edit(); }, [&] { return small.Edit(); });
-    state.SetItemsProcessed(state.iterations());
+        state, 2.0,
+        [&] {
+            english = !english;
+            module->SetLanguage(english ? 9 : 7);
+            return ReadAll(module);
+        },
+        [&] { return ReadAll(module); });
 }
-BENCHMARK(UserEdit)->Arg(200)->Arg(2'000)->Arg(20'000)->UseManualTime()->Unit(benchmark::kMicrosecond);
+BENCHMARK(LanguageChange)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(5);
 
-// The check of the parameter and the sweep of its group, beside reading what the group shows.
-void EditWithoutRules(benchmark::State& state) {
-    LoadedModule module(GenerateDescriptor({.groups = 1, .mix = ParameterMix::Integers}));
-    std::vector<Ref<IBase_GuiParameter>> parameters;
-    module.ForEachParameter([&](IBase_SpecParameter& parameter) { parameters.push_back(parameter.Gui()); });
-    bool high = false;
-    const auto edit = [&] {
-        high = !high;
-        parameters[1]->let_value(high ? u"7" : u"3");
-        return parameters[1]->modified();
-    };
-    const auto readTexts = [&] {
-        std::size_t characters = 0;
-        for (const Ref<IBase_GuiParameter>& parameter : parameters) {
-            characters += parameter->get_value().size();
-        }
-        return characters;
-    };
-    Compare(state, 3, edit, readTexts);
-}
-BENCHMARK(EditWithoutRules)->UseManualTime();
-
-constexpr int kRuns = 200;
-constexpr const char* kLuaRule = "return P('2') == 1 and P('3') > 5";
-
-// A table of values behind a C function, as the smallest host of Lua has it.
-class LuaRule {
-public:
-    LuaRule() {
-        luaL_openlibs(mState.get());
-        lua_pushcfunction(mState.get(), &Value);
-        lua_setglobal(mState.get(), "P");
-        luaL_loadstring(mState.get(), kLuaRule);
-    }
-    bool RunCompiled() {
-        lua_pushvalue(mState.get(), 1);
-        return Answer();
-    }
-    bool CompileAndRun() {
-        luaL_loadstring(mState.get(), kLuaRule);
-        return Answer();
-    }
-
-private:
-    static int Value(lua_State* state) {
-        static constexpr std::array<lua_Integer, 4> kValues = {0, 0, 1, 6};
-        lua_pushinteger(state, kValues[static_cast<std::size_t>(luaL_checkstring(state, 1)[0] - '0') % 4]);
-        return 1;
-    }
-    bool Answer() {
-        if (lua_pcall(mState.get(), 0, 1, 0) != LUA_OK) throw std::runtime_error(lua_tostring(mState.get(), -1));
-        const bool answer = lua_toboolean(mState.get(), -1) != 0;
-        lua_pop(mState.get(), 1);
-        return answer;
-    }
-
-    std::unique_ptr<lua_State, void (*)(lua_State*)> mState{luaL_newstate(), &lua_close};
-};
-
-template <class Run>
-auto Repeated(Run run) {
-    return [run]() mutable {
-        int held = 0;
-        for (int i = 0; i < kRuns; ++i) {
-            held += run() ? 1 : 0;
-        }
-        return held;
-    };
-}
-
-void Write(IBase_SpecGroup& group, std::initializer_list<std::pair<const char16_t*, std::int32_t>> values) {
-    for (const auto& [id, value] : values) {
-        group.parameters()->get_Item(id)->let_value(value);
-    }
-}
-
-// A rule as the group's reader sees it: text in, answer out. Beside it Lua with the rule compiled beforehand, and
-// compiled each time.
-void EvaluateRule(benchmark::State& state) {
-    LoadedModule module(GenerateDescriptor(Shape(200)));
-    const Ref<IBase_SpecGroup> group = module.InnerGroup();
-    Write(*group, {{u"2", 1}, {u"3", 6}});
-    auto& owner = dynamic_cast<Group&>(*group);
-    const Text rule = u"!:P(\"2\") = 1 And P(\"3\") > 5";
-    LuaRule lua;
-    Compare(state, 3, Repeated([&] { return owner.GetBoolFromScript(rule, Variant()); }),
-            Repeated([&] { return lua.RunCompiled(); }),
-            AlsoBeside("ratioToCompiling", Repeated([&] { return lua.CompileAndRun(); })));
-    state.SetItemsProcessed(state.iterations() * kRuns);
-}
-BENCHMARK(EvaluateRule)->UseManualTime();
-
-// A pass over a group of which each parameter has one rule, and nothing changes; beside it the rules alone.
-void SweepOfRules(benchmark::State& state) {
-    constexpr int kRules = 1'000;
-    LoadedModule module(
-        GenerateDescriptor({.channels = 1, .groups = 1, .parameters = kRules + 2, .mix = ParameterMix::OneRuleEach}));
-    const Ref<IBase_SpecGroup> group = module.Group(u"1");
-    Write(*group, {{u"1", 1}, {u"2", 60}});
-    auto& swept = dynamic_cast<Group&>(*group);
-    const Text rule = u"!:P(\"1\") = 1 And P(\"2\") > 50";
-    const auto evaluate = [&] {
-        int held = 0;
-        for (int i = 0; i < kRules; ++i) {
-            held += swept.GetBoolFromScript(rule, Variant()) ? 1 : 0;
-        }
-        return held;
-    };
-    swept.ReconfigurationPass();  // the parameters that the writes brought in
+// The texts of all values, and those written back, beside the look of a screen.
+void StateSavedAndLoaded(benchmark::State& state) {
+    LoadedModule module(FreshName(Device(kMiddle).path));
+    module.BuildAll();
+    std::vector<Ref<IBase_SpecParameterStorage>> parameters;
+    module.ForEachParameter(
+        [&](IBase_SpecParameter& parameter) { parameters.push_back(facet<IBase_SpecParameterStorage>(&parameter)); });
     Compare(
-        state, 2, [&] { return swept.ReconfigurationPass(); }, evaluate);
-    state.SetItemsProcessed(state.iterations() * kRules);
+        state, 3.0,
+        [&] {
+            std::vector<Text> saved;
+            saved.reserve(parameters.size());
+            for (const auto& parameter : parameters) {
+                saved.push_back(parameter->get_realvalueForStorage());
+            }
+            for (std::size_t i = 0; i < parameters.size(); ++i) {
+                parameters[i]->let_realvalueForStorage(saved[i]);
+            }
+            return saved.size();
+        },
+        [&] { return ReadAll(module); });
 }
-BENCHMARK(SweepOfRules)->UseManualTime();
+BENCHMARK(StateSavedAndLoaded)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(5);
 
 }  // namespace
 

@@ -3,6 +3,7 @@
 #include <array>
 #include <charconv>
 
+#include "descriptor/shared_descriptor.h"
 #include "platform/automation/errors.h"
 #include "platform/automation/text_map.h"
 #include "platform/locale/code_page.h"
@@ -79,6 +80,12 @@ Ref<Database> DatabaseCache(const Text& path) {
         LogEntry(u"Module1.DatabaseCache()",
                  u"OpenDatabaseFile2(" + path + u", False, True, \";PWD=\" + DB_TRYTO_CRYPTPW) failed!");
         return nullptr;
+    }
+}
+
+void ForgetSharedDescriptors() noexcept {
+    for (const auto& [path, db] : Global().databases) {
+        SharedDescriptor::Forget(*db);
     }
 }
 

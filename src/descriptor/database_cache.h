@@ -21,6 +21,9 @@ constexpr const char16_t* kDescriptorConnect = u";PWD=9kelp";
 /// Paths that differ in case only are one; a relative and an absolute form of one path are two.
 Ref<Database> DatabaseCache(const Text& path);
 
+/// Lets go of what the open databases' modules have shared, which the next module reads again.
+void ForgetSharedDescriptors() noexcept;
+
 /// The shared table recordset of @p table in @p db, with its index set to "PrimaryKey" if it has one; Nothing, which is
 /// logged, if there is no such table.
 ///

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <memory>
 
+#include "platform/automation/collection.h"
 #include "platform/automation/dictionary.h"
 #include "platform/automation/text_map.h"
 
@@ -16,6 +17,15 @@ struct CEnumCacheItem {
     Ref<Dictionary> Items = MakeObject<Dictionary>();
     /// Text number of the row that stands for any other value; 0 for none.
     std::int32_t NullTextId = 0;
+
+    /// The list that the latest reader made of the items, for the next one that would make the same.
+    struct List {
+        std::int32_t language = 0;
+        std::int32_t firstText = 0;    ///< number of the first text, which tells whether the texts are still the same
+        Text limits;                   ///< that chose among the items
+        Ref<const Row> texts, values;  ///< the texts under the values' keys, the values under their texts
+        explicit operator bool() const noexcept { return static_cast<bool>(texts); }
+    } Latest;
 };
 
 /// Enumerations by the key that their readers make of them. Not tied to the language.

@@ -4,11 +4,19 @@
 
 namespace ov {
 
+Ref<Row> CurrentRow(Recordset& rs) {
+    Ref<Row> row = Row::Make(rs.Columns());
+    rs.ReadRow(row->Values());
+    return row;
+}
+
 Ref<Collection> RowToCollection(Recordset& rs) {
-    const std::shared_ptr<const ColumnNames>& columns = rs.Columns();
-    auto values = std::make_unique<Variant[]>(columns->size());
-    rs.ReadRow(values.get());
-    return MakeObject<Collection>(columns, std::move(values));
+    return MakeObject<Collection>(CurrentRow(rs));
+}
+
+const Variant& CellOf(const Row& row, std::optional<std::size_t> column) {
+    if (!column) Raise(ErrorNumber::ItemNotFound);
+    return row[*column];
 }
 
 bool FieldExists(Recordset& rs, std::u16string_view name) {

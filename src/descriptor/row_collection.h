@@ -7,9 +7,15 @@
 
 namespace ov {
 
+/// A copy of the current row of @p rs. @throws RuntimeError 3021 without a current row
+Ref<Row> CurrentRow(Recordset& rs);
+
 /// Copies the current row of @p rs: column name to value, in column order, Null as Null. Rows of one recordset share
 /// their names. @throws RuntimeError 3021 without a current row
 Ref<Collection> RowToCollection(Recordset& rs);
+
+/// The value at @p column. @throws RuntimeError 3265 where there is none, as for a missing column of a recordset
+const Variant& CellOf(const Row& row, std::optional<std::size_t> column);
 
 /// True if @p rs has a column of this name.
 bool FieldExists(Recordset& rs, std::u16string_view name);

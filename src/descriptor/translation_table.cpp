@@ -1,5 +1,7 @@
 #include "descriptor/translation_table.h"
 
+#include <bit>
+
 #include "descriptor/row_collection.h"
 #include "platform/automation/conversions.h"
 #include "platform/automation/errors.h"
@@ -23,6 +25,7 @@ void TranslationTable::Read(Recordset& table, const Text& keyColumn, std::int32_
     const std::optional<std::size_t> key = table.Columns()->Find(keyColumn);
     if (!key) Raise(ErrorNumber::ItemNotFound);
     const std::size_t column = ColumnOfLanguage(table, language);
+    MakeRoom(static_cast<std::size_t>(table.RecordCount()));
     std::optional<std::size_t> base;  // looked up at the first gap: a table without gaps does without it
     for (table.MoveFirst(); !table.Eof(); table.MoveNext()) {
         Variant text = table.ValueAt(column);
@@ -38,26 +41,51 @@ void TranslationTable::Add(const Variant& key, const Variant& text) {
     Text words = text.IsNull() ? Text() : text.IsString() ? text.AsText() : ToText(text);
     bool added = false;
     if (key.Type() == VarType::Long) {
-        added = mTexts.try_emplace(key.AsLong(), std::move(words)).second;
+        added = Enter(key.AsLong(), std::move(words));
     } else {
         // Look-ups go by the decimal text of a number, so a key counts as that number only if it is spelled so.
         const Text spelled = ToText(key);
         const double number = ValPrefix(spelled);
         const bool isLong = number >= INT32_MIN && number <= INT32_MAX &&
                             Text::FromInteger(static_cast<std::int64_t>(number)) == spelled;
-        added = isLong ? mTexts.try_emplace(static_cast<std::int32_t>(number), std::move(words)).second
+        added = isLong ? Enter(static_cast<std::int32_t>(number), std::move(words))
                        : mOtherKeys.insert(std::u16string(spelled.view())).second;
     }
     if (!added) Raise(ErrorNumber::KeyAlreadyAssociated);
 }
 
 const Text* TranslationTable::Find(std::int32_t index) const {
-    const auto at = mTexts.find(index);
-    return at == mTexts.end() ? nullptr : &at->second;
+    if (mTexts.empty()) return nullptr;
+    const Entry& entry = mTexts[PlaceOf(index)];
+    return entry.isTaken ? &entry.text : nullptr;
 }
 
-void TranslationTable::Replace(std::int32_t index, Text text) {
-    mTexts[index] = std::move(text);
+// Where the index is, or the free place where it belongs. @pre there is a free place
+std::size_t TranslationTable::PlaceOf(std::int32_t index) const noexcept {
+    const std::size_t mask = mTexts.size() - 1;
+    std::size_t at = (static_cast<std::uint32_t>(index) * 0x9E3779B1u) & mask;
+    while (mTexts[at].isTaken && mTexts[at].index != index) {
+        at = (at + 1) & mask;
+    }
+    return at;
+}
+
+bool TranslationTable::Enter(std::int32_t index, Text text) {
+    MakeRoom(mCount + 1);
+    Entry& entry = mTexts[PlaceOf(index)];
+    if (entry.isTaken) return false;
+    entry = {index, true, std::move(text)};
+    ++mCount;
+    return true;
+}
+
+void TranslationTable::MakeRoom(std::size_t texts) {
+    if (texts * 2 <= mTexts.size()) return;
+    std::vector<Entry> former(std::bit_ceil(texts * 2 + 2));
+    former.swap(mTexts);
+    for (Entry& entry : former) {
+        if (entry.isTaken) mTexts[PlaceOf(entry.index)] = std::move(entry);
+    }
 }
 
 }  // namespace ov

@@ -3,8 +3,8 @@
 #pragma once
 
 #include <cstdint>
-#include <unordered_map>
 #include <unordered_set>
+#include <vector>
 
 #include "platform/automation/text.h"
 #include "platform/store/store.h"
@@ -25,14 +25,21 @@ public:
 
     /// The text under @p index, or nullptr.
     const Text* Find(std::int32_t index) const;
-    /// Puts another text in the place of the one under @p index.
-    void Replace(std::int32_t index, Text text);
-    std::size_t size() const noexcept { return mTexts.size(); }
+    std::size_t size() const noexcept { return mCount; }
 
 private:
     void Add(const Variant& key, const Variant& text);
+    bool Enter(std::int32_t index, Text text);
+    void MakeRoom(std::size_t texts);
+    std::size_t PlaceOf(std::int32_t index) const noexcept;
 
-    std::unordered_map<std::int32_t, Text> mTexts;
+    struct Entry {
+        std::int32_t index = 0;
+        bool isTaken = false;
+        Text text;
+    };
+    std::vector<Entry> mTexts;  // a hash table by index, at most half full
+    std::size_t mCount = 0;
     std::unordered_set<std::u16string> mOtherKeys;  // keys that no number asks for; they only collide
 };
 

@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "contract/library.h"
+#include "descriptor/database_cache.h"
 #include "module/class_factory.h"
 #include "platform/automation/object.h"
 #include "platform/system/folders.h"
@@ -96,7 +97,9 @@ std::int32_t DllGetClassObject(const Guid& rclsid, const Guid& riid, void** ppv)
 }
 
 std::int32_t DllCanUnloadNow() noexcept {
-    return LivingObjects::Count() == 0 && gServerLocks == 0 ? kOvOk : kOvFalse;
+    if (LivingObjects::Count() != 0 || gServerLocks != 0) return kOvFalse;
+    ForgetSharedDescriptors();  // who asks wants the memory
+    return kOvOk;
 }
 
 std::int32_t DllRegisterServer() noexcept {

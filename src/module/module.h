@@ -3,6 +3,7 @@
 #pragma once
 
 #include <memory>
+#include <unordered_map>
 #include <vector>
 
 #include "contract/callbacks.h"
@@ -154,6 +155,11 @@ private:
     Ref<CBase_SpecChannelCollection> SpecChannels() override;
     Ref<IUnknown> OwnStation() override;
 
+    /// The words of @p table in the module's language, into @p words as far as they can be read. @throws RuntimeError
+    /// of a table that cannot be read whole
+    void ReadWords(const Text& table, const Text& keyColumn, Recordset& rows,
+                   std::shared_ptr<const TranslationTable>& words);
+
     // Loading
     void OpenDatabaseOfSourcePath();
     Ref<Recordset> OpenModuleTypes();
@@ -180,6 +186,7 @@ private:
     void mEnvironment_Changed(const Text& key, const Variant& value);
     void CloneTypeInto(Module& clone);
     static void CopyValues(TypedList<IBase_SpecChannel>& channels, Module& clone);
+    static void CopyValues(CBase_SpecParameterCollection& own, CBase_SpecParameterCollection& clone);
     bool LoadChildren() override { return LoadChannels(); }
     Ref<TypedList<IBase_GuiChannel>> LoadedChildren() override { return mGuiChannels; }
     void PassOn(ParameterEvent event, IBase_GuiParameter* p) override;
@@ -211,7 +218,9 @@ private:
     Text mDBVersion;  // empty until asked for
     std::int32_t mModelVersionIndex = 0;
     EnumCache mEnumCache;
-    std::unique_ptr<TranslationTable> mTexts, mFiles;
+    // Those of the database, or what could be read of a table that cannot be shared.
+    std::shared_ptr<const TranslationTable> mTexts, mFiles;
+    std::unordered_map<std::int32_t, Text> mFileNames;  // that scripts of mFiles gave
     std::int32_t mTextsLanguage = 0, mFilesLanguage = 0;
     Ref<ov::Environment> mEnvironment;
     Ref<EnvironmentSink> mEnvironmentSink;

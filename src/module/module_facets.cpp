@@ -198,6 +198,21 @@ bool Module::Compare(IBase_SpecModule* other, std::optional<eParameterKind> kind
     return true;
 }
 
+// From the parameters of one group to those of its twin, which stand in their list as they were loaded.
+void Module::CopyValues(CBase_SpecParameterCollection& own, CBase_SpecParameterCollection& clone) {
+    auto* list = dynamic_cast<TypedList<IBase_SpecParameter>*>(&clone);
+    if (!list) return;
+    const Ref<Collection> entries = list->Underlying();
+    for (std::size_t at = 0; at < entries->size(); ++at) {
+        const auto [key, item] = entries->At(at);
+        const auto parameter = facet<IBase_SpecParameter>(item->AsObject());
+        const auto twin = parameter ? own.get_Item(key) : nullptr;
+        if (!twin) continue;
+        parameter->let_realvalue(twin->get_realvalue());
+        parameter->Gui()->ClearModified();  // a clone does not count as modified
+    }
+}
+
 // Driven by the tree of the clone, which this builds.
 void Module::CopyValues(TypedList<IBase_SpecChannel>& channels, Module& clone) {
     const auto walk = [](auto collection, auto visit) {
@@ -215,13 +230,8 @@ void Module::CopyValues(TypedList<IBase_SpecChannel>& channels, Module& clone) {
             const auto group = facet<IBase_SpecGroup>(groupObject);
             const auto ownGroup = ownGroups ? ownGroups->get_Item(ToText(group->id())) : nullptr;
             const auto ownParameters = ownGroup ? ownGroup->parameters() : nullptr;
-            walk(group->parameters(), [&](IDispatch* parameterObject) {
-                const auto parameter = facet<IBase_SpecParameter>(parameterObject);
-                const auto own = ownParameters ? ownParameters->get_Item(ToText(parameter->id())) : nullptr;
-                if (!own) return;
-                parameter->let_realvalue(own->get_realvalue());
-                parameter->Gui()->ClearModified();  // a clone does not count as modified
-            });
+            const auto parameters = group->parameters();
+            if (parameters && ownParameters) CopyValues(*ownParameters, *parameters);
         });
     });
 }

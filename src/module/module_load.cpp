@@ -5,6 +5,7 @@
 
 #include "descriptor/database_cache.h"
 #include "descriptor/row_collection.h"
+#include "descriptor/shared_descriptor.h"
 #include "platform/automation/conversions.h"
 #include "platform/automation/operators.h"
 #include "platform/system/file_system.h"
@@ -270,18 +271,15 @@ void Module::ReadChannels() {
     mSpecChannels->KeepRecord(mRecord);
     mGuiChannels->KeepRecord(mRecord);
     if (!mDB) Raise(ErrorNumber::ObjectVariableNotSet);
-    tBaseDescriptorDB desc;
-    desc.db = mDB;
     // The key is the number of the type, not its name.
-    desc.rs = mDB->OpenRecordset(u"SELECT * FROM Channels WHERE ModuleType = " + Text::FromInteger(mModuleTypeIdx) +
-                                 u" ORDER BY [order]");
-    for (; !desc.rs->Eof(); desc.rs->MoveNext()) {
+    const std::shared_ptr<const RowSet> rows = SharedDescriptor::Of(*mDB).Rows(
+        u"SELECT * FROM Channels WHERE ModuleType = " + Text::FromInteger(mModuleTypeIdx) + u" ORDER BY [order]");
+    for (const Ref<const ov::Row>& row : rows->rows) {
         const Ref<Channel> channel = MakeObject<Channel>();
-        channel->Config(this, desc);
+        channel->Config(this, row);
         mMadeChannels.push_back(channel);
         mSpecChannels->Enter(channel.get(), ToText(channel->Id()));
     }
-    desc.rs->Close();
 }
 
 void Module::Unload() {
@@ -304,6 +302,7 @@ void Module::Unload() {
     mEnumCache.Clear();
     mTexts = nullptr;
     mFiles = nullptr;
+    mFileNames.clear();
     TearDownChannels();
     mParameterCallbacks.Clear();  // who registered while the tree went is not kept
     mModuleCallbacks.Clear();

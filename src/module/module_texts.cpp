@@ -3,6 +3,7 @@
 
 #include <array>
 
+#include "descriptor/shared_descriptor.h"
 #include "platform/automation/conversions.h"
 #include "platform/system/file_system.h"
 #include "support/diagnostics.h"
@@ -35,9 +36,9 @@ Text Module::GetTranslatedText(std::int32_t index) {
             LogEntry(Dispatch(), u"GetTranslatedText(): Rebuild():");
             // An error on the way leaves the rows before it and no language, so that the next read tries again.
             mTextsLanguage = 0;
-            mTexts = std::make_unique<TranslationTable>();
+            mTexts = std::make_shared<TranslationTable>();
             const Ref<Recordset> rows = GetRecordset(u"Texts")->Clone();
-            mTexts->Read(*rows, u"TEXT_IDX", mLanguage);
+            ReadWords(u"Texts", u"TEXT_IDX", *rows, mTexts);
             rows->Close();
             mTextsLanguage = mLanguage;
         }
@@ -47,6 +48,21 @@ Text Module::GetTranslatedText(std::int32_t index) {
         LogEntry(Dispatch(), u"GetTranslatedText(): " + ErrorLine(error));
     }
     return Text();
+}
+
+void Module::ReadWords(const Text& table, const Text& keyColumn, Recordset& rows,
+                       std::shared_ptr<const TranslationTable>& words) {
+    SharedDescriptor& shared = SharedDescriptor::Of(*mDB);
+    const std::int64_t revision = shared.Revision();
+    if (const std::shared_ptr<const TranslationTable> known = shared.Texts(table, mLanguage)) {
+        words = known;
+        return;
+    }
+    const auto own = std::make_shared<TranslationTable>();
+    words = own;
+    own->Read(rows, keyColumn, mLanguage);
+    SharedDescriptor& now = SharedDescriptor::Of(*mDB);
+    if (now.Revision() == revision) now.Texts(table, mLanguage) = own;  // else it may be older than what is shared
 }
 
 std::vector<std::int32_t> Module::TextLanguages() {
@@ -71,7 +87,8 @@ Text Module::GetTranslatedFile(std::int32_t index) {
     if (index == 0) return Text();
     if (!mFiles || mFilesLanguage != mLanguage) {
         mFilesLanguage = 0;
-        mFiles = std::make_unique<TranslationTable>();
+        mFiles = std::make_shared<TranslationTable>();
+        mFileNames.clear();
         Ref<Recordset> rows;
         try {
             rows = GetRecordset(u"Files")->Clone();
@@ -80,11 +97,12 @@ Text Module::GetTranslatedFile(std::int32_t index) {
             return Text();
         }
         // Unlike those of a text table, rows of files that cannot be read are the caller's affair.
-        mFiles->Read(*rows, u"FILE_IDX", mLanguage);
+        ReadWords(u"Files", u"FILE_IDX", *rows, mFiles);
         rows->Close();
         mFilesLanguage = mLanguage;
     }
-    const Text* found = mFiles->Find(index);
+    const auto resolvedBefore = mFileNames.find(index);
+    const Text* found = resolvedBefore != mFileNames.end() ? &resolvedBefore->second : mFiles->Find(index);
     if (!found) {
         EndWithLog(u"GetTranslatedFile(", Text::FromInteger(index) + u"): Eintrag in Tabelle 'Files' nicht gefunden!");
         return Text();
@@ -97,7 +115,7 @@ Text Module::GetTranslatedFile(std::int32_t index) {
     try {
         const Text resolved = ToText(older ? channel->EvaluateScript(text) : channel->Evaluate(text, false));
         // Evaluated once for a language: the result takes the entry's place. The script may have changed the language.
-        if (mFiles && mFilesLanguage == mLanguage) mFiles->Replace(index, resolved);
+        if (mFiles && mFilesLanguage == mLanguage) mFileNames[index] = resolved;
         return resolved;
     } catch (const RuntimeError&) {
         return text;

@@ -9,7 +9,7 @@ namespace ov {
 
 template <class T, class Base>
 void EnumerationParameter<T, Base>::ReadDisplayFormat() {
-    mIsIcon = IsIconFormat(this->CellText(u"displayFormat"));
+    mIsIcon = IsIconFormat(this->CellText(RowCell::DisplayFormat));
 }
 
 template <class T, class Base>
@@ -107,13 +107,40 @@ void EnumerationParameter<T, Base>::ReloadCollections() {
 // A text that two rows have ends the filling here, while the first reading leaves out one row and goes on.
 template <class T, class Base>
 void EnumerationParameter<T, Base>::FillFromCache(CEnumCacheItem& item, ParameterOwner& owner, ModuleServices& module) {
-    const Array keys = item.Items->Keys(), texts = item.Items->Items();
-    for (std::size_t at = 0; at < keys.size(); ++at) {
-        const T value = ValueType<T>::From(keys.Elements()[at]);
-        if (!IsOffered(value)) continue;
-        this->mList.AddUnguarded(this->KeyOf(value), value, ShownText(texts.Elements()[at], owner, module));
+    if (!ShowLatest(item, module)) {
+        const Array keys = item.Items->Keys(), texts = item.Items->Items();
+        bool isTheSameToAll = !DebugOutput();
+        std::int32_t firstText = 0;
+        for (std::size_t at = 0; at < keys.size(); ++at) {
+            const T value = ValueType<T>::From(keys.Elements()[at]);
+            if (!IsOffered(value)) continue;
+            const Variant& stored = texts.Elements()[at];
+            const Text text = ShownText(stored, owner, module);
+            isTheSameToAll =
+                isTheSameToAll && !stored.IsString() && owner.IsLiteral(module.GetTranslatedText(stored.AsLong()));
+            if (this->mList.ValueCount() == 0 && isTheSameToAll) firstText = stored.AsLong();
+            this->mList.AddUnguarded(this->KeyOf(value), value, text);
+        }
+        if (isTheSameToAll && firstText != 0) KeepLatest(item, module.GetLanguage(), firstText);
     }
     this->mDisplayFormat = module.GetTranslatedText(item.NullTextId);
+}
+
+// The log hears of every text that is missing, so with it each list is made anew.
+template <class T, class Base>
+bool EnumerationParameter<T, Base>::ShowLatest(const CEnumCacheItem& item, ModuleServices& module) {
+    const CEnumCacheItem::List& latest = item.Latest;
+    if (!latest || DebugOutput() || latest.language != module.GetLanguage() || latest.limits != OfferedLimits())
+        return false;
+    if (module.GetTranslatedText(latest.firstText).data() != (*latest.texts)[0].AsText().data()) return false;
+    this->mList.Show(latest.texts, latest.values);
+    return true;
+}
+
+template <class T, class Base>
+void EnumerationParameter<T, Base>::KeepLatest(CEnumCacheItem& item, std::int32_t language,
+                                               std::int32_t firstText) const {
+    item.Latest = {language, firstText, OfferedLimits(), this->mList.TextsAsRow(), this->mList.ValuesAsRow()};
 }
 
 template <class T, class Base>
@@ -170,7 +197,7 @@ typename EnumerationParameter<T, Base>::Rows EnumerationParameter<T, Base>::Read
     const Ref<Recordset> row = TryOpen(module, this->mSubtype);
     if (!row) return {};
     Rows rows{std::make_shared<CEnumCacheItem>()};
-    const Text columnText = this->CellText(u"displayFormat");
+    const Text columnText = this->CellText(RowCell::DisplayFormat);
     try {
         const RowTemplate rowText(columnText, *row, GetTextMark);
         for (; !row->Eof(); row->MoveNext()) {

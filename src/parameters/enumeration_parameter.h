@@ -42,6 +42,8 @@ protected:
     virtual Text EnumerationQuery() const = 0;
     /// Whether the list has room for a value of its rows.
     virtual bool IsOffered(const T& /*value*/) const { return true; }
+    /// By what IsOffered chooses.
+    virtual Text OfferedLimits() const { return {}; }
     virtual Text UnlistedText(const T& value) const = 0;
     /// What is logged of a default that is no T.
     virtual Text WrongDefault(const Variant& value, const RuntimeError& failure) const = 0;
@@ -60,6 +62,8 @@ private:
     };
 
     eParameterValueExt StateOf(const T& value) const;
+    bool ShowLatest(const CEnumCacheItem& item, ModuleServices& module);
+    void KeepLatest(CEnumCacheItem& item, std::int32_t language, std::int32_t firstText) const;
     void FillFromCache(CEnumCacheItem& item, ParameterOwner& owner, ModuleServices& module);
     void FillFromDatabase(ParameterOwner& owner, ModuleServices& module);
     Rows ReadEnumeration(ParameterOwner& owner, ModuleServices& module);

@@ -46,7 +46,7 @@ IntegerParameter<T>::IntegerParameter() : mForm(&Forms::kPlain) {}
 
 template <class T>
 void IntegerParameter<T>::ReadType() {
-    const Variant subtype = this->CellOr(u"subtype", Text(IntegerType<T>::kDefaultSubtype));
+    const Variant subtype = this->CellOr(RowCell::Subtype, Text(IntegerType<T>::kDefaultSubtype));
     const Subtype type = ReadSubtype(ToText(subtype), u"us");
     mUnsigned = type.letter == u'u';
     mBitLen = ToLong(type.width);
@@ -72,7 +72,7 @@ void IntegerParameter<T>::SetTypeLimits() {
 template <class T>
 void IntegerParameter<T>::ReadDisplayFormat() {
     mForm = &Forms::kPlain;
-    const Variant column = this->CellOr(u"displayFormat", Variant::Null());
+    const Variant column = this->CellOr(RowCell::DisplayFormat, Variant::Null());
     if (column.IsNull()) return;
     const DisplayFormat format = ov::ReadDisplayFormat(ToText(column), IntegerType<T>::kDisplay);
     if (!format.complaint.empty() && DebugOutput()) {
@@ -112,7 +112,7 @@ Text IntegerParameter<T>::ShowPicture(const T& value, Purpose purpose) {
     if (DebugOutput()) {
         this->Log(u"Id '" + TextForLog(this->mId) + u"': " +
                   (purpose == Purpose::Format ? IntegerType<T>::kFormatOperation : u"IBase_GuiParameter_value()") +
-                  u": Format " + this->CellText(u"displayFormat") + u"konnte nicht rückkonvertiert werden!");
+                  u": Format " + this->CellText(RowCell::DisplayFormat) + u"konnte nicht rückkonvertiert werden!");
     }
     return ToText(value);
 }

@@ -36,7 +36,7 @@ T ListParameter<T, Base>::DefaultFromLimits() {
 template <class T, class Base>
 void ListParameter<T, Base>::ReadList() {
     const Ref<ModuleServices> module = this->Module();
-    const Variant subtype = this->CellOr(u"subtype", Variant::Null());
+    const Variant subtype = this->CellOr(RowCell::Subtype, Variant::Null());
     if (!module || subtype.IsNull()) return;
     Text text = ToText(subtype);
     if (!mSubtype.empty() && mSubtype == text) return;

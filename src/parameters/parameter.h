@@ -31,6 +31,7 @@
 #include "parameters/device_image.h"
 #include "parameters/param_dependency.h"
 #include "parameters/parameter_owner.h"
+#include "parameters/row_form.h"
 #include "parameters/value_type.h"
 #include "platform/automation/callback_list.h"
 #include "platform/automation/errors.h"
@@ -70,6 +71,10 @@ protected:
 /// The part of a parameter that knows nothing of the value's type.
 class Parameter : public FacetGroup<GuiParameterFacet, SpecParameterFacet, Facet<IBase_SpecParameterStorage>,
                                     Facet<IBase_Internal>, Facet<IExplain_Parameter>> {
+    using Facets = FacetGroup<GuiParameterFacet, SpecParameterFacet, Facet<IBase_SpecParameterStorage>,
+                              Facet<IBase_Internal>, Facet<IExplain_Parameter>>;
+    static constexpr Guid kOwn = Guid::Parse("{0F6C2C4E-7B8D-4B0E-9B55-6D2F6C1F4A0B}");  // no facet: who it is
+
 public:
     // IBase_GuiParameter; `id`, `configState` and `scriptAccess` serve the other faces too.
     eEditType editType() override { return eEditType::standard; }
@@ -97,8 +102,8 @@ public:
     Ref<IBase_SpecParameter> Spec() override { return this; }
 
     // IBase_SpecParameter
-    Variant get_tag() override { return mTag; }
-    void let_tag(const Variant& value) override { mTag = value; }
+    Variant get_tag() override { return mHosts ? mHosts->tag : Variant(); }
+    void let_tag(const Variant& value) override { HostsThings().tag = value; }
     Variant desc(const Text& fieldname, std::optional<bool> asScript) override;
     eParameterKind kind() override { return mKind; }
     bool valid() override { return mConfigState == eParameterConfigState::eParameterValid; }
@@ -115,7 +120,7 @@ public:
     bool CheckConsistency() override;
     bool Config(IDispatch* parent, const Variant& desc) override;
     std::int32_t DBindex() override { return mDBindex; }
-    Ref<CBase_ParamDependency> dependencies() override { return mDependency; }
+    Ref<CBase_ParamDependency> dependencies() override { return &Ring(); }
     void Unload() override;
     Variant CheckNeedForReConfig() override { return false; }
 
@@ -134,12 +139,39 @@ public:
 
     /// The place in the record of the tree.
     RuleTrace& Trace() noexcept { return mTrace; }
-    ParamDependency& Ring() noexcept { return *mDependency; }
+    /// The parameter that @p internal is, if it is one of our classes, or nullptr; quicker than a cast.
+    static Parameter* Of(IBase_Internal& internal) noexcept;
+    void* FindFacet(const Guid& iid) noexcept { return iid == kOwn ? this : Facets::FindFacet(iid); }
+
+    /// Takes @p row as `Config` does.
+    bool TakeRow(const Ref<ParameterOwner>& owner, const Ref<Collection>& row);
+    /// The ring of alternative rows. Most parameters have one row, and need no ring until somebody asks for it.
+    ParamDependency& Ring();
+    /// Whether there is the one row alone, and no ring.
+    bool IsAlone() const noexcept { return !mRing && mSoleRow != SoleRow::None; }
+    /// All rows are there: the first one is current.
+    void BeginRing();
+    /// The current entry of the ring of a parameter that is alone.
+    struct SoleEntry {
+        const Text& rule;
+        std::int32_t index;
+        bool goesAway;
+        const Ref<Collection>& row;  ///< Nothing once the tree has ended
+    };
+    /// @pre IsAlone()
+    SoleEntry CurrentRow() noexcept {
+        mSoleRow = SoleRow::Current;
+        return {mSoleRule, mDBindex, mGoesAway, mData};
+    }
+    /// The number of the current row, from 1 on; 0 before the first look at it.
+    std::uint8_t Alternative() noexcept {
+        return mRing ? mRing->Place() : mSoleRow == SoleRow::Current ? std::uint8_t{1} : std::uint8_t{0};
+    }
     /// What an import that failed leaves.
     virtual void TakeImportFault() { WriteState(eParameterValueExt::eParamValueExtErrorSettingValue); }
 
 protected:
-    Parameter() : mDependency(MakeObject<ParamDependency>()) { mDependency->Serve(&mTrace); }
+    Parameter() = default;
     ~Parameter();
 
     /// How far a parameter has come; decides whether a repeated configuration may put the default in.
@@ -203,17 +235,20 @@ protected:
     };
     bool Knows(bool RowFacts::*fact) const noexcept { return mFacts.*fact && mData && mData->IsRow(); }
     /// Whether a reader makes the same of the cell every time, without a word.
-    bool IsFixedCell(std::u16string_view column) const;
+    bool IsFixedCell(RowCell cell) const;
 
     // Row and group. Held by the caller while it works with them, since any script may unload the tree.
     Ref<Collection> Row() const;                     ///< @throws RuntimeError 91 without a row
     Ref<ParameterOwner> Owner() const;               ///< @throws RuntimeError 91 once unloaded
     Ref<ModuleServices> Module() const;              ///< Nothing if the chain up to it is not whole
     Variant Cell(std::u16string_view column) const;  ///< @throws RuntimeError 5 for a missing column
+    Variant Cell(RowCell cell) const;                ///< @throws the same
     /// @p fallback for Null, and for a column that the table lacks.
     Variant CellOr(std::u16string_view column, const Variant& fallback) const;
+    Variant CellOr(RowCell cell, const Variant& fallback) const;
     /// The cell as text, numbers with "."; "" for Null.
     Text CellText(std::u16string_view column) const;
+    Text CellText(RowCell cell) const;
     /// A cell that may be a rule, evaluated.
     Variant EvaluatedCell(RuleColumn column, VarType type);
 
@@ -261,7 +296,7 @@ private:
     void FetchUnit(ModuleServices* module);
     bool HaveMoved(const Terms& former) const;
     Text TranslatedText(const char16_t* column) const;
-    bool IsBlankCell(std::u16string_view column) const;
+    bool IsBlankCell(RowCell cell) const;
     Text CurrentUnit();
     Ref<Collection> LoadActionTable(const Text& key);
     /// What the log tells of an action table that cannot be read.
@@ -271,19 +306,22 @@ private:
     void SetDatasetLocked(bool locked);
     IDispatch* Identity() { return static_cast<IBase_GuiParameter*>(this); }
 
-    Variant mTag;
-    std::unique_ptr<CallbackList<IBase_CallbackParameter>> mCallbacks;  // made at the first registration
+    /// What hosts have left here.
+    struct HostThings {
+        Variant tag;
+        CallbackList<IBase_CallbackParameter> callbacks;
+    };
+    HostThings& HostsThings();
+
+    std::unique_ptr<HostThings> mHosts;  // made when a host leaves something
     eParameterKind mKind{};
     eParameterConfigState mConfigState = eParameterConfigState::eParameterValid;
-    bool mScriptAccess = false;
-    bool mDatasetLocked = false;
 
 protected:
     Ref<Collection> mData;
     Ref<ParameterOwner> mGroup;
     RuleTrace mTrace;                                 // left before the group is let go, which keeps the record
     IBase_CallbackParameter* mGroupEvents = nullptr;  // of mGroup, which keeps it
-    Ref<ParamDependency> mDependency;
     Variant mId;
     Text mMinScript, mMaxScript;  // "" or the mark of the class once the limit is settled
     Text mUnit, mUnitScript;
@@ -299,6 +337,17 @@ protected:
     Writer mWriter = Writer::Default;
     std::optional<RuleColumn> mRefusedBy;  // the first limit or rule that mErrorText tells of
     RowFacts mFacts;
+
+private:
+    /// Of a parameter without ring.
+    enum class SoleRow : std::uint8_t { None, Waiting, Current };
+
+    bool mScriptAccess = false;
+    bool mDatasetLocked = false;
+    SoleRow mSoleRow = SoleRow::None;
+    bool mGoesAway = false;  // column `removeOnDependency` of the sole row
+    Text mSoleRule;          // column `dependency`
+    Ref<ParamDependency> mRing;
 };
 
 template <class Limit>

@@ -1,5 +1,5 @@
 // Scripts that the descriptor attaches to values: table Actions.
-#include "descriptor/row_collection.h"
+#include "descriptor/shared_descriptor.h"
 #include "parameters/parameter.h"
 
 #include "platform/automation/conversions.h"
@@ -14,7 +14,7 @@ constexpr const char16_t* kElse = u"ELSE";  // key of the action for every value
 }  // namespace
 
 void Parameter::RunActionOnChange() {
-    const Text key = mData && !Knows(&RowFacts::hasNoAction) ? CellText(u"actionOnChange") : Text();
+    const Text key = mData && !Knows(&RowFacts::hasNoAction) ? CellText(RowCell::ActionOnChange) : Text();
     if (key.empty()) return;
     const Text valueText = ValueText();
     const Ref<Collection> actions = LoadActionTable(key);
@@ -26,7 +26,7 @@ void Parameter::RunActionOnChange() {
     if (owner && !script.empty()) owner->ExecuteScript(script);
 }
 
-// Read anew for every write: actions are rare, and their scripts may depend on anything.
+// Put together anew for every write: actions are rare.
 Ref<Collection> Parameter::LoadActionTable(const Text& key) {
     Ref<Collection> actions = MakeObject<Collection>();
     try {
@@ -48,12 +48,11 @@ void Parameter::ReadActions(const Text& key, Collection& actions) {
     const Ref<ModuleServices> module = Module();
     const Ref<Database> db = module ? module->GetDB() : nullptr;
     if (!db) Raise(ErrorNumber::ObjectVariableNotSet);
-    const Ref<Recordset> rows =
-        db->OpenRecordset(u"SELECT [value],[actionScript] FROM [Actions] WHERE [ActionID] = '" + key + u"'",
-                          RecordsetType::dbOpenDynaset, RecordsetOptions::dbReadOnly);
-    for (; !rows->Eof(); rows->MoveNext()) {
-        const Variant value = rows->ValueAt(0);
-        const Variant script = rows->ValueAt(1);
+    const std::shared_ptr<const RowSet> rows = SharedDescriptor::Of(*db).Rows(
+        u"SELECT [value],[actionScript] FROM [Actions] WHERE [ActionID] = '" + key + u"'");
+    for (const Ref<const ov::Row>& row : rows->rows) {
+        const Variant& value = (*row)[0];
+        const Variant& script = (*row)[1];
         if (script.IsNull() && !value.IsNull()) continue;
         const Text entry = value.IsNull() ? Text(kElse) : ToText(value);
         if (!actions.TryAdd(entry, script) && DebugOutput()) {
@@ -62,7 +61,6 @@ void Parameter::ReadActions(const Text& key, Collection& actions) {
                 ErrorText(static_cast<std::int32_t>(ErrorNumber::KeyAlreadyAssociated)));
         }
     }
-    rows->Close();
 }
 
 }  // namespace ov

@@ -12,9 +12,13 @@ bool Parameter::Config(IDispatch* parent, const Variant& desc) {
     const Ref<ParameterOwner> owner = facet<ParameterOwner>(parent);
     if (!owner) return false;
     const Ref<Collection> row = RowOf(*owner, desc);
-    if (!row) return false;
+    return row && TakeRow(owner, row);
+}
+
+bool Parameter::TakeRow(const Ref<ParameterOwner>& owner, const Ref<Collection>& row) {
     const Ref<IBase_GuiParameter> alive = KeptAlive();
 
+    if (IsAlone() && row != mData) Ring();  // which keeps the row that goes
     mData = row;
     mFacts = {};
     mGroup = owner;
@@ -22,13 +26,14 @@ bool Parameter::Config(IDispatch* parent, const Variant& desc) {
     mTrace.ForgetRow();
     mTrace.NoteReconfiguration();
     mGroupEvents = facet<IBase_CallbackParameter>(owner).get();
-    mDBindex = ToLong(Cell(u"idx"));
-    if (mLoadState == LoadState::NeverConfigured) mId = Cell(u"ParameterId");  // log lines of all that follows name it
+    mDBindex = ToLong(Cell(RowCell::Idx));
+    if (mLoadState == LoadState::NeverConfigured)
+        mId = Cell(RowCell::ParameterId);  // log lines of all that follows name it
     ReadType();
-    mMinScript = CellText(u"Min");
-    mMaxScript = CellText(u"Max");
-    mFacts.hasNoRule = IsBlankCell(u"consistency");
-    mFacts.hasNoAction = IsBlankCell(u"actionOnChange");
+    mMinScript = CellText(RowCell::Min);
+    mMaxScript = CellText(RowCell::Max);
+    mFacts.hasNoRule = IsBlankCell(RowCell::Consistency);
+    mFacts.hasNoAction = IsBlankCell(RowCell::ActionOnChange);
     ReadDisplayFormat();
     FetchUnit(owner->Module().get());
     ReadList();
@@ -49,9 +54,16 @@ bool Parameter::Config(IDispatch* parent, const Variant& desc) {
 }
 
 void Parameter::ConfigureFirst() {
-    const Variant removeOnDependency = CellOr(u"removeOnDependency", false);
-    mDependency->Add(mDBindex, CellText(u"dependency"), ToBoolean(removeOnDependency), mData.get());
-    mKind = KindToBit(ToLong(Cell(u"kind")));
+    const bool goesAway = ToBoolean(CellOr(RowCell::RemoveOnDependency, false));
+    const Text rule = CellText(RowCell::Dependency);
+    if (mRing) {
+        mRing->Add(mDBindex, rule, goesAway, mData.get());
+    } else {
+        mSoleRow = SoleRow::Waiting;
+        mSoleRule = rule;
+        mGoesAway = goesAway;
+    }
+    mKind = KindToBit(ToLong(Cell(RowCell::Kind)));
     mConfigState = eParameterConfigState::eParameterValid;
     mConsistent = true;
     mUnknown = true;
@@ -70,7 +82,7 @@ void Parameter::FetchUnit(ModuleServices* module) {
     if (!module) return;
     Traces::Leave(Unrepeatable::Change);
     mLanguage = module->GetLanguage();
-    mUnitScript = module->GetTranslatedText(ToLong(CellOr(u"unit", 0)));
+    mUnitScript = module->GetTranslatedText(ToLong(CellOr(RowCell::Unit, 0)));
 }
 
 void Parameter::RefreshUnitForLanguage() {
@@ -80,18 +92,44 @@ void Parameter::RefreshUnitForLanguage() {
 
 void Parameter::Unload() {
     const Ref<IBase_GuiParameter> alive = KeptAlive();
-    if (mCallbacks) mCallbacks->Clear();
+    if (mHosts) mHosts->callbacks.Clear();
     // The row goes empty and not only away: the ring shares it.
     if (const Ref<Collection> row = std::exchange(mData, nullptr)) row->Clear();
     mTrace.Leave();
     mGroup = nullptr;
     mGroupEvents = nullptr;
-    mTag = Variant();
+    if (mHosts) mHosts->tag = Variant();
 }
 
 Parameter::~Parameter() {
-    mDependency->Serve(nullptr);
+    if (mRing) mRing->Serve(nullptr);
     mTrace.Leave();
+}
+
+Parameter* Parameter::Of(IBase_Internal& internal) noexcept {
+    auto* own = static_cast<Parameter*>(internal.QueryInterface(kOwn));
+    if (own) internal.Release();  // its caller holds it
+    return own;
+}
+
+ParamDependency& Parameter::Ring() {
+    if (!mRing) {
+        mRing = MakeObject<ParamDependency>();
+        if (mSoleRow != SoleRow::None) {
+            const Ref<Collection> row = mData ? mData : MakeObject<Collection>();
+            mRing->Add(mDBindex, mSoleRule, mGoesAway, row.get());
+            if (mSoleRow == SoleRow::Current) mRing->MoveFirst();
+            mSoleRule = Text();
+        }
+        mRing->Serve(&mTrace);
+    }
+    return *mRing;
+}
+
+void Parameter::BeginRing() {
+    if (mRing) return mRing->MoveFirst();
+    mTrace.NoteToDo();
+    if (mSoleRow != SoleRow::None) mSoleRow = SoleRow::Current;
 }
 
 Ref<Collection> Parameter::Row() const {
@@ -112,19 +150,30 @@ Variant Parameter::Cell(std::u16string_view column) const {
     return Row()->Get(column);
 }
 
+Variant Parameter::Cell(RowCell cell) const {
+    const Variant* found = FindCell(*Row(), cell);
+    if (!found) Raise(ErrorNumber::InvalidProcedureCall);
+    return *found;
+}
+
+Variant Parameter::CellOr(RowCell cell, const Variant& fallback) const {
+    const Variant* found = FindCell(*Row(), cell);
+    return found ? NullToDefault(*found, fallback) : fallback;
+}
+
 Variant Parameter::CellOr(std::u16string_view column, const Variant& fallback) const {
     const Ref<Collection> row = Row();
     const Variant* cell = row->Find(column);
     return cell ? NullToDefault(*cell, fallback) : fallback;
 }
 
-bool Parameter::IsBlankCell(std::u16string_view column) const {
-    const Variant* cell = mData->Find(column);
+bool Parameter::IsBlankCell(RowCell column) const {
+    const Variant* cell = FindCell(*mData, column);
     return !cell || cell->IsNull() || (cell->IsString() && cell->AsText().empty());
 }
 
-bool Parameter::IsFixedCell(std::u16string_view column) const {
-    const Variant* cell = mData ? mData->Find(column) : nullptr;
+bool Parameter::IsFixedCell(RowCell column) const {
+    const Variant* cell = mData ? FindCell(*mData, column) : nullptr;
     if (!cell || cell->IsObject()) return false;
     return !cell->IsString() || (mGroup && mGroup->IsLiteral(cell->AsText()));
 }
@@ -133,12 +182,17 @@ Text Parameter::CellText(std::u16string_view column) const {
     return ToInvariantText(CellOr(column, Text()));
 }
 
+Text Parameter::CellText(RowCell cell) const {
+    const Variant* found = FindCell(*Row(), cell);
+    return !found || found->IsNull() ? Text() : found->IsString() ? found->AsText() : ToInvariantText(*found);
+}
+
 Variant Parameter::EvaluatedCell(RuleColumn rule, VarType type) {
-    const std::u16string_view column = ColumnName(rule);
     const Ref<Collection> row = Row();
     const Ref<ParameterOwner> owner = Owner();
     // Short cut: most rows have no text here, and only a text can be a rule.
-    if (const Variant* cell = row->Find(column); cell && !cell->IsString()) return *cell;
+    if (const Variant* cell = FindCell(*row, CellOf(rule)); cell && !cell->IsString()) return *cell;
+    const std::u16string_view column = ColumnName(rule);
     const std::uint32_t before = row->Changes();
     Recording recording(mTrace, rule);
     Variant value = recording.Keep(owner->GetParameterDescAsScript(column, *row, mId, type));

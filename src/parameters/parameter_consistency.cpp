@@ -47,7 +47,7 @@ void Parameter::Refuse(bool& passes, const Text& reason, std::optional<RuleColum
 }
 
 Text Parameter::ConsistencyRule() const {
-    return mData && !Knows(&RowFacts::hasNoRule) ? CellText(u"consistency") : Text();
+    return mData && !Knows(&RowFacts::hasNoRule) ? CellText(RowCell::Consistency) : Text();
 }
 
 bool Parameter::EvaluateRule(const Text& script) {

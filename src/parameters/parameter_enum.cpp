@@ -54,6 +54,10 @@ Text ParameterEnum::EnumerationQuery() const {
     return u"SELECT * FROM [Enums] WHERE enumSubType = '" + mSubtype + u"' ORDER BY [value]";
 }
 
+Text ParameterEnum::OfferedLimits() const {
+    return Text::FromInteger(mMin) + u" " + Text::FromInteger(mMax);
+}
+
 Text ParameterEnum::UnlistedText(const std::int32_t& value) const {
     return FormatUnlistedValue(mDisplayFormat, KeyOf(value), IntegerType<std::int32_t>::DigitsOf(value));
 }

@@ -30,6 +30,7 @@ private:
     bool IsStatement() const override { return mEnumKind == Kind::Select; }
     Text EnumerationQuery() const override;
     bool IsOffered(const std::int32_t& value) const override { return value >= mMin && value <= mMax; }
+    Text OfferedLimits() const override;
     Text UnlistedText(const std::int32_t& value) const override;
     Text WrongDefault(const Variant& value, const RuntimeError& failure) const override;
     Text ActionFault(const RuntimeError& failure) const override;

@@ -17,12 +17,12 @@ void ParameterEnumS::ReadType() {
 
 void ParameterEnumS::ReadDisplayFormat() {
     EnumerationParameter::ReadDisplayFormat();
-    mHasDisplayFormat = !CellOr(u"displayFormat", Variant::Null()).IsNull();
+    mHasDisplayFormat = !CellOr(RowCell::DisplayFormat, Variant::Null()).IsNull();
 }
 
 Text ParameterEnumS::DisplayedValue() {
     if (mHasDisplayFormat && !mIsIcon && !mIsStatement && DebugOutput()) {
-        LogWithId(u"Get IBase_GuiParameter_value(): displayFormat is set (" + CellText(u"displayFormat") +
+        LogWithId(u"Get IBase_GuiParameter_value(): displayFormat is set (" + CellText(RowCell::DisplayFormat) +
                   u") but will be ignored!");
     }
     return EnumerationParameter::DisplayedValue();

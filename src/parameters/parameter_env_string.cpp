@@ -14,11 +14,11 @@ constexpr const char16_t* kRequest = u"GET_FROM_BASE";  // the variable that ask
 
 void ParameterENVString::ReadType() {
     TextParameter::ReadType();
-    mKey = CellText(u"subtype");
+    mKey = CellText(RowCell::Subtype);
 }
 
 Text ParameterENVString::DisplayText(const Text& value, Purpose) {
-    const Variant format = CellOr(u"displayFormat", Variant::Null());
+    const Variant format = CellOr(RowCell::DisplayFormat, Variant::Null());
     return format.IsNull() ? value : Format(value, ToText(format));
 }
 

@@ -178,12 +178,16 @@ void Parameter::WriteState(eParameterValueExt state) {
 }
 
 void Parameter::RegisterCallback(IBase_CallbackParameter* cb) {
-    if (!mCallbacks) mCallbacks = std::make_unique<CallbackList<IBase_CallbackParameter>>();
-    mCallbacks->Add(cb);
+    HostsThings().callbacks.Add(cb);
+}
+
+Parameter::HostThings& Parameter::HostsThings() {
+    if (!mHosts) mHosts = std::make_unique<HostThings>();
+    return *mHosts;
 }
 
 void Parameter::UnregisterCallback(IBase_CallbackParameter* cb) {
-    if (mCallbacks && cb) mCallbacks->Remove(cb);
+    if (mHosts && cb) mHosts->callbacks.Remove(cb);
 }
 
 void Parameter::let_scriptAccess(bool value) {
@@ -200,7 +204,7 @@ void Parameter::ForgetStatic(ParameterOwner& owner, Text& text, const Text& repl
 
 void Parameter::Notify(Event event) {
     Traces::Leave(Unrepeatable::Change);
-    if (mCallbacks) mCallbacks->Tell([&](IBase_CallbackParameter& listener) { (listener.*event)(this); });
+    if (mHosts) mHosts->callbacks.Tell([&](IBase_CallbackParameter& listener) { (listener.*event)(this); });
     const Ref<ParameterOwner> group = mGroup;
     if (mGroupEvents) (mGroupEvents->*event)(this);
 }

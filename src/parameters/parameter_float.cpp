@@ -28,7 +28,7 @@ std::optional<Text> TextBehind(const Text& text, std::u16string_view word) {
 }  // namespace
 
 void ParameterFloat::ReadType() {
-    const Text text = ToText(CellOr(u"subtype", u"f32"));
+    const Text text = ToText(CellOr(RowCell::Subtype, u"f32"));
     const Subtype type = ReadSubtype(text, u"usf");
     mSign = type.letter == u'u' ? Sign::Unsigned : type.letter == u's' ? Sign::Signed : Sign::Ieee;
     mBitLen = ToLong(type.width);
@@ -43,7 +43,7 @@ void ParameterFloat::ReadType() {
 }
 
 void ParameterFloat::ReadDisplayFormat() {
-    mDisplayFormatScript = CellText(u"displayFormat");
+    mDisplayFormatScript = CellText(RowCell::DisplayFormat);
 }
 
 // The form may be a rule, so it is as of the last check.
@@ -134,7 +134,7 @@ double ParameterFloat::Rounded(double value) const {
 
 void ParameterFloat::SetMyValueToDefault() {
     // Plain in the row it never is a rule, although the readers of texts without prefixes know no such number.
-    const Text cell = CellText(u"DefaultValue");
+    const Text cell = CellText(RowCell::DefaultValue);
     if (cell == kNaN) {
         Hold(ContentOfDefault(cell));
     } else {
@@ -150,8 +150,8 @@ ParameterFloat::Content ParameterFloat::ContentOfDefault(const Variant& value) {
 }
 
 double ParameterFloat::DefaultFromLimits() {
-    const Text min = CellText(u"Min");
-    return ValPrefix(min.empty() ? CellText(u"Max") : min);
+    const Text min = CellText(RowCell::Min);
+    return ValPrefix(min.empty() ? CellText(RowCell::Max) : min);
 }
 
 Variant ParameterFloat::get_realvalue() {

@@ -25,7 +25,7 @@ template <class Take>
 void ParameterSelect::ForEachRow(ModuleServices& module, Take take) {
     const Ref<Recordset> row = TryOpen(module, mSubtype);
     if (!row) return;
-    const Variant column = CellOr(u"displayFormat", Variant::Null());
+    const Variant column = CellOr(RowCell::DisplayFormat, Variant::Null());
     try {
         // Marks of texts are those of the template: a field's own text with one in it stays as it is.
         const Text format = column.IsNull() ? Text() : ResolveGetText(ToText(column), module, Search::Onward);
@@ -76,7 +76,7 @@ void ParameterSelect::CheckFurther(bool& passes, const Terms& former) {
 }
 
 void ParameterSelect::SetMyValueToDefault() {
-    const Variant column = CellOr(u"DefaultValue", Variant::Null());
+    const Variant column = CellOr(RowCell::DefaultValue, Variant::Null());
     std::int32_t value = DefaultFromLimits();
     if (!column.IsNull()) {
         try {
@@ -107,7 +107,7 @@ void ParameterSelect::WriteByEngine(const Variant& value) {
 
 Text ParameterSelect::DisplayText(const std::int32_t& value, Purpose purpose) {
     RefreshUnitForLanguage();
-    const Variant format = CellOr(u"displayFormat", Variant::Null());
+    const Variant format = CellOr(RowCell::DisplayFormat, Variant::Null());
     if (purpose == Purpose::Format && !format.IsNull() && DebugOutput()) {
         LogWithId(u"Get IBase_GuiParameter_FormatValue(): displayFormat is set (" + TextForLog(format) +
                   u") but will be ignored!");

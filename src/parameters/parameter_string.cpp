@@ -41,14 +41,14 @@ Variant ParameterString::DcpNameCheck(const Text& dcpName) {
 
 void ParameterString::ReadType() {
     TextParameter::ReadType();
-    const Text subtype = CellText(u"subtype");
+    const Text subtype = CellText(RowCell::Subtype);
     // A row without either word leaves what an earlier row said.
     mSubtypeKind = StringKindOf(subtype).value_or(mSubtypeKind);
     mMultiline = mMultiline || subtype.view().find(u"multiline") != std::u16string_view::npos;
 }
 
 void ParameterString::ReadDisplayFormat() {
-    const Variant column = CellOr(u"displayFormat", Variant::Null());
+    const Variant column = CellOr(RowCell::DisplayFormat, Variant::Null());
     const Text format = column.IsNull() ? Text() : ToText(column);
     mIsIcon = IsIconFormat(format);
     mIsMac = IsStream() && EqualNoCase(format, u"MAC");

@@ -46,7 +46,7 @@ void ScaledParameter<T>::RefreshScale() {
     if (this->Knows(&Parameter::RowFacts::hasFixedScale)) return;
     const Ref<Collection> row = this->mData;
     // Asked before the reading: behind a rule the row may be another one.
-    const bool isFixed = this->IsFixedCell(u"realGain") && this->IsFixedCell(u"realOffset");
+    const bool isFixed = this->IsFixedCell(RowCell::RealGain) && this->IsFixedCell(RowCell::RealOffset);
     const Scale scale = ReadScale();
     if (this->mData != row) return;  // the new row has a scale of its own
     // A gain of 0 is no fixed one: it is told of each time.

@@ -41,7 +41,7 @@ TextParameter::Content TextParameter::ConvertFromEngine(const Variant& value) {
 }
 
 Text TextParameter::DefaultFromLimits() {
-    const Variant min = CellOr(u"Min", Text());
+    const Variant min = CellOr(RowCell::Min, Text());
     if (!IsNumeric(min) || min.IsEmpty()) return Text();
     try {
         const std::int32_t count = ToLong(min);

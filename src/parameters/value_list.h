@@ -25,6 +25,11 @@ public:
     /// Adds a row that is found by its key alone, or answers false.
     bool AddText(const Text& key, const Text& text) { return mStrs->TryAdd(key, text); }
     void Clear();
+    /// Becomes a list of these rows, the texts under their keys and the values under their texts. @pre it is empty
+    void Show(const Ref<const Row>& texts, const Ref<const Row>& values);
+    /// The rows for Show.
+    Ref<const Row> TextsAsRow() const { return AsRow(*mStrs); }
+    Ref<const Row> ValuesAsRow() const { return AsRow(*mNums); }
     void ClearTexts() { mStrs->Clear(); }
 
     /// The text of a key, or nullptr. Valid until the next change.
@@ -39,6 +44,8 @@ public:
     std::size_t TextCount() const noexcept { return mStrs->size(); }
 
 private:
+    static Ref<const Row> AsRow(Collection& list);
+
     Ref<Collection> mStrs = MakeObject<Collection>();
     Ref<Collection> mNums = MakeObject<Collection>();
 };

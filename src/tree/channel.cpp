@@ -4,6 +4,7 @@
 #include <array>
 
 #include "descriptor/row_collection.h"
+#include "descriptor/shared_descriptor.h"
 #include "platform/automation/conversions.h"
 #include "support/diagnostics.h"
 #include "tree/block.h"
@@ -21,12 +22,12 @@ constexpr const char16_t* kInvalid = u"Ungültig";
 
 }  // namespace
 
-void Channel::Config(IBase_SpecModule* module, const tBaseDescriptorDB& desc) {
+void Channel::Config(IBase_SpecModule* module, const Ref<const ov::Row>& row) {
     mModule = module;
     mServices = facet<ModuleServices>(module);
     mRecord = mServices->Record();
     mScriptHost->BindModule(module);
-    mDesc = RowToCollection(*desc.rs);
+    mDesc = MakeObject<Collection>(row);
     mId = mDesc->Get(u"ChannelId");
     mNameId = LongOr(mDesc->Get(u"name"), 0);
     mChannelType = LongOr(mDesc->Get(u"ChannelType"), 0);
@@ -57,26 +58,24 @@ void Channel::ReadGroups() {
         if (auto* group = dynamic_cast<Group*>(&spec)) group->StandBelow(work, position);
     });
     mScriptHost->BindChannel(this);
-    tBaseDescriptorDB desc;
-    desc.db = mServices->GetDB();
-    if (!desc.db) Raise(ErrorNumber::ObjectVariableNotSet);
+    const Ref<Database> db = mServices->GetDB();
+    if (!db) Raise(ErrorNumber::ObjectVariableNotSet);
     // The rows come in the order that the store gives: the query asks for none.
-    desc.rs = desc.db->OpenRecordset(u"SELECT * FROM [Groups] WHERE [ChannelType] = " + Text::FromInteger(mChannelType),
-                                     RecordsetType::dbOpenDynaset, RecordsetOptions::dbReadOnly);
+    const std::shared_ptr<const RowSet> rows = SharedDescriptor::Of(*db).Rows(
+        u"SELECT * FROM [Groups] WHERE [ChannelType] = " + Text::FromInteger(mChannelType));
     BlocksByNumber made;
-    for (; !desc.rs->Eof(); desc.rs->MoveNext()) {
+    for (const Ref<const ov::Row>& row : rows->rows) {
         const Ref<Group> group = MakeObject<Group>();
-        group->Config(this, desc);
+        group->Config(this, row);
         mMadeGroups.emplace_back(group);
         mGroups->Enter(group.get(), ToText(group->Id()));
-        PlaceInBlocks(*group, *desc.rs, made);
+        PlaceInBlocks(*group, *row, made);
     }
-    desc.rs->Close();
 }
 
-void Channel::PlaceInBlocks(Group& group, Recordset& row, BlocksByNumber& made) {
+void Channel::PlaceInBlocks(Group& group, const ov::Row& row, BlocksByNumber& made) {
     for (const char16_t* column : {u"block1", u"block2", u"block3"}) {
-        const Variant number = FieldValue(row, column);
+        const Variant& number = CellOf(row, row.Columns()->Find(column));
         if (number.IsNull()) continue;
         const Ref<Block> block = GetOrCreateBlock(ToLong(number), made);
         group.Blocks()->Add(block.get(), ToText(block->Id()));

@@ -57,7 +57,7 @@ public:
 
     // What module and groups use.
     /// Takes the current row of @p desc. @throws RuntimeError for a row that cannot be read
-    void Config(IBase_SpecModule* module, const tBaseDescriptorDB& desc);
+    void Config(IBase_SpecModule* module, const Ref<const ov::Row>& row);
     bool LoadGroups();
     /// The value of a text that may be a script, by the generation of the descriptor; Empty for one that fails.
     Variant Evaluate(const Text& script, bool silent);
@@ -106,7 +106,7 @@ private:
     Ref<CBase_ScriptingGroups> ScriptGroups() override;
     void ReadGroups();
     using BlocksByNumber = std::unordered_map<std::int32_t, Ref<class Block>>;
-    void PlaceInBlocks(class Group& group, Recordset& row, BlocksByNumber& made);
+    void PlaceInBlocks(class Group& group, const ov::Row& row, BlocksByNumber& made);
     Ref<Block> GetOrCreateBlock(std::int32_t blockIdx, BlocksByNumber& made);
     Ref<IBase_GuiParameter> FindMainValue();
     bool LoadChildren() override { return LoadGroups(); }

@@ -20,6 +20,7 @@
 namespace ov {
 
 class Channel;
+class Parameter;
 
 /// `channel` and `parameters` have one name and several types in the group's faces; these facets part them.
 class GuiGroupFacet : public DatasetFolds<IBase_GuiGroup, IBase_GuiParameter> {
@@ -77,8 +78,8 @@ public:
     void OnFinalRelease() noexcept { Unload(); }
 
     // What channel and blocks use.
-    /// Takes the current row of @p desc. @throws RuntimeError for a row that cannot be read
-    void Config(Channel* channel, const tBaseDescriptorDB& desc);
+    /// @throws RuntimeError for a row that cannot be read
+    void Config(Channel* channel, const Ref<const ov::Row>& row);
     bool LoadParameters();
     const Ref<TypedList<IBase_GuiBlock>>& Blocks() const noexcept { return mBlocks; }
     const Variant& Id() const noexcept { return mId; }
@@ -158,9 +159,10 @@ private:
     Variant EvaluateFrom(std::size_t begin, const Text& text, bool silent, bool textFallback);
 
     void ReadParameters();
-    bool IsWanted(Recordset& row, const std::optional<std::u16string_view>& filter);
-    Ref<IBase_Internal> CreateParameter(const tBaseDescriptorDB& descriptor);
-    void AddAlternative(IBase_Internal& parameter, Recordset& row);
+    struct ParameterTable;
+    bool IsWanted(const ov::Row& row, const ParameterTable& table);
+    Ref<IBase_Internal> CreateParameter(const Ref<const ov::Row>& row, const ParameterTable& table);
+    void AddAlternative(ov::Parameter& parameter, const Ref<const ov::Row>& row);
     void LoadScripts();
 
     class RuledParameter;

@@ -19,24 +19,28 @@ const Text kNoId(u"?");  // stands for the parameter's id in messages about its 
 /// host has put into the list has none, and is visited by every sweep.
 class Group::RuledParameter {
 public:
-    explicit RuledParameter(IBase_Internal& parameter)
-        : self(parameter), mOwn(dynamic_cast<ov::Parameter*>(&parameter)), mRing(parameter.dependencies()) {}
+    explicit RuledParameter(IBase_Internal& parameter) : self(parameter), mOwn(ov::Parameter::Of(parameter)) {}
 
     RuleTrace& Trace() noexcept { return mOwn ? mOwn->Trace() : mNoTrace; }
-    std::uint8_t Alternative() noexcept { return mOwn ? mOwn->Ring().Place() : 0; }
-    std::int32_t Index() { return mRing->get_idx(); }
-    Text Rule() { return mRing->get_dep(); }
-    bool GoesAway() { return mRing->get_removeOnDep() == u"True"; }
+    std::uint8_t Alternative() noexcept { return mOwn ? mOwn->Alternative() : 0; }
+    std::int32_t Index() { return IsAlone() ? mOwn->CurrentRow().index : Ring().get_idx(); }
+    Text Rule() { return IsAlone() ? mOwn->CurrentRow().rule : Ring().get_dep(); }
+    bool GoesAway() { return IsAlone() ? mOwn->CurrentRow().goesAway : Ring().get_removeOnDep() == u"True"; }
     void NextRow() {
-        const ParamDependency::Unwatched unwatched(*mRing);
-        mRing->MoveNext();
+        if (IsAlone()) {
+            static_cast<void>(mOwn->CurrentRow());
+        } else {
+            const ParamDependency::Unwatched unwatched(Ring());
+            Ring().MoveNext();
+        }
         Trace().NoteTurn();
     }
     /// Gives the parameter the current row of its ring.
     void TakeRow(IBase_GuiGroup* group) {
         const Variant row = [&] {
-            const ParamDependency::Unwatched unwatched(*mRing);
-            return Variant(mRing->get_desc());
+            if (IsAlone() && mOwn->CurrentRow().row) return Variant(mOwn->CurrentRow().row);
+            const ParamDependency::Unwatched unwatched(Ring());
+            return Variant(Ring().get_desc());
         }();
         self.Config(group, row);
         self.CheckConsistency();
@@ -45,6 +49,13 @@ public:
     IBase_Internal& self;
 
 private:
+    // Rules may make the ring that there was not.
+    bool IsAlone() const noexcept { return mOwn && mOwn->IsAlone(); }
+    CBase_ParamDependency& Ring() {
+        if (!mRing) mRing = self.dependencies();
+        return *mRing;
+    }
+
     ov::Parameter* mOwn;
     RuleTrace mNoTrace;
     Ref<CBase_ParamDependency> mRing;

@@ -1,9 +1,10 @@
 // How a group takes its row, makes its parameters, and ends.
 #include "descriptor/row_collection.h"
+#include "descriptor/shared_descriptor.h"
 #include "parameters/parameter.h"
 #include "parameters/parameter_factory.h"
+#include "parameters/row_form.h"
 #include "platform/automation/operators.h"
-#include "platform/automation/record.h"
 #include "support/diagnostics.h"
 #include "tree/channel.h"
 #include "tree/group.h"
@@ -11,13 +12,13 @@
 
 namespace ov {
 
-void Group::Config(Channel* channel, const tBaseDescriptorDB& desc) {
+void Group::Config(Channel* channel, const Ref<const ov::Row>& row) {
     mChannel = channel;
     if (const Ref<IBase_SpecModule> module = static_cast<IBase_SpecChannel*>(channel)->module()) {
         mScriptHost->BindModule(module.get());
     }
     mRecord = channel->Record();
-    mDesc = RowToCollection(*desc.rs);
+    mDesc = MakeObject<Collection>(row);
     mGroupType = ToLong(mDesc->Get(u"GroupType"));
     mId = mDesc->Get(u"groupId");
     mNameId = LongOr(mDesc->Get(u"name"), 0);
@@ -39,6 +40,18 @@ bool Group::LoadParameters() {
     return true;
 }
 
+// Where the table has what the group reads of its parameters' rows.
+struct Group::ParameterTable {
+    explicit ParameterTable(const ColumnNames& columns)
+        : filter(columns.Find(u"enable")),
+          id(columns.Find(u"parameterID")),
+          type(columns.Find(u"Type")),
+          subtype(columns.Find(u"subtype")) {
+        if (!filter) filter = columns.Find(u"staticDependency");
+    }
+    std::optional<std::size_t> filter, id, type, subtype;
+};
+
 void Group::ReadParameters() {
     mGuiParameters = MakeObject<TypedList<IBase_GuiParameter>>();
     mParameters = MakeObject<TypedList<IBase_SpecParameter>>();
@@ -46,54 +59,53 @@ void Group::ReadParameters() {
     mGuiParameters->KeepRecord(mRecord);
     mParameters->KeepRecord(mRecord);
     mSwept.emplace(mRecord, [](IBase_Internal& parameter, Workload& work, std::size_t position) {
-        if (auto* own = dynamic_cast<ov::Parameter*>(&parameter)) own->Trace().StandAt(&work, position);
+        if (ov::Parameter* own = ov::Parameter::Of(parameter)) own->Trace().StandAt(&work, position);
     });
     if (mChannelWork) mSwept->Work().StandBelow(mChannelWork, mChannelPosition);
-    tBaseDescriptorDB desc;
-    if (const Ref<ModuleServices> module = Module()) desc.db = module->GetDB();
-    if (!desc.db || !mScriptHost) Raise(ErrorNumber::ObjectVariableNotSet);
+    const Ref<ModuleServices> module = Module();
+    const Ref<Database> db = module ? module->GetDB() : nullptr;
+    if (!db || !mScriptHost) Raise(ErrorNumber::ObjectVariableNotSet);
     mScriptHost->BindGroup(this);
-    desc.rs = desc.db->OpenRecordset(u"SELECT * FROM [Parameters] WHERE [GroupType] = " +
-                                         Text::FromInteger(mGroupType) + u" ORDER BY [order],[ParameterId]",
-                                     RecordsetType::dbOpenDynaset, RecordsetOptions::dbReadOnly);
-    std::optional<std::u16string_view> filter;
-    for (const std::u16string_view column : {u"staticDependency", u"enable"}) {
-        if (FieldExists(*desc.rs, column)) filter = column;
-    }
-    Ref<IBase_Internal> parameter;
+    const std::shared_ptr<const RowSet> rows =
+        SharedDescriptor::Of(*db).Rows(u"SELECT * FROM [Parameters] WHERE [GroupType] = " +
+                                       Text::FromInteger(mGroupType) + u" ORDER BY [order],[ParameterId]");
+    const ParameterTable table(*rows->columns);
+    Ref<IBase_Internal> alive;
+    ov::Parameter* parameter = nullptr;
     Variant lastId;
     bool first = true;
-    for (; !desc.rs->Eof(); desc.rs->MoveNext()) {
-        const bool wanted = IsWanted(*desc.rs, filter);
+    for (const Ref<const ov::Row>& row : rows->rows) {
+        const bool wanted = IsWanted(*row, table);
         if (!mChannel) Raise(ErrorNumber::ObjectVariableNotSet);  // a rule has ended the tree
         if (!wanted) continue;
-        const Variant id = FieldValue(*desc.rs, u"parameterID");
+        const Variant& id = CellOf(*row, table.id);
         if (first || !EqualValues(id, lastId)) {
-            if (parameter) parameter->dependencies()->MoveFirst();
+            if (parameter) parameter->BeginRing();
             first = false;
             lastId = id;
-            parameter = CreateParameter(desc);
-            if (const auto spec = facet<IBase_SpecParameter>(parameter)) {
-                mParameters->Enter(spec.get(), ToText(parameter->id()));
+            alive = CreateParameter(row, table);
+            parameter = static_cast<ov::Parameter*>(alive.get());
+            if (parameter) {
+                mParameters->Enter(parameter, ParameterKey(*row, *table.id));
                 mSwept->NoteGrowth();
             }
         } else if (parameter) {
-            AddAlternative(*parameter, *desc.rs);
+            AddAlternative(*parameter, row);
         }
     }
-    if (parameter) parameter->dependencies()->MoveFirst();
-    desc.rs->Close();
+    if (parameter) parameter->BeginRing();
     CheckConsistencyAll();
     if (ReconfigurationPass()) UpdateDependencies();
 }
 
-bool Group::IsWanted(Recordset& row, const std::optional<std::u16string_view>& filter) {
-    return !filter || GetBoolFromVariantOrScript(FieldValue(row, *filter), true, FieldValue(row, u"parameterID"));
+bool Group::IsWanted(const ov::Row& row, const ParameterTable& table) {
+    return !table.filter || GetBoolFromVariantOrScript(row[*table.filter], true, CellOf(row, table.id));
 }
 
-Ref<IBase_Internal> Group::CreateParameter(const tBaseDescriptorDB& descriptor) {
-    const Text type = TextOr(FieldValue(*descriptor.rs, u"Type"), u"");
-    Ref<IBase_Internal> parameter = MakeParameter(type, FieldValue(*descriptor.rs, u"subtype"));
+// A parameter of our own classes, or Nothing.
+Ref<IBase_Internal> Group::CreateParameter(const Ref<const ov::Row>& row, const ParameterTable& table) {
+    const Text type = TextOr(CellOf(*row, table.type), u"");
+    Ref<IBase_Internal> parameter = MakeParameter(type, CellOf(*row, table.subtype));
     if (!parameter) {
         if (DebugOutput()) {
             LogEntry(Dispatch(), u"(ParamId " + TextForLog(mId) + u") CreateParameter(): Error: Parameter of Type '" +
@@ -101,7 +113,7 @@ Ref<IBase_Internal> Group::CreateParameter(const tBaseDescriptorDB& descriptor) 
         }
         return nullptr;
     }
-    parameter->Config(static_cast<IBase_GuiGroup*>(this), BoxRecord(descriptor));
+    static_cast<ov::Parameter&>(*parameter).TakeRow(this, MakeObject<Collection>(row));
     if (!mChannel) {
         parameter->Unload();  // its rules have ended the tree, which did not know it yet
         Raise(ErrorNumber::ObjectVariableNotSet);
@@ -109,35 +121,35 @@ Ref<IBase_Internal> Group::CreateParameter(const tBaseDescriptorDB& descriptor) 
     return parameter;
 }
 
-void Group::AddAlternative(IBase_Internal& parameter, Recordset& row) {
-    const Ref<Collection> values = RowToCollection(row);
+void Group::AddAlternative(ov::Parameter& parameter, const Ref<const ov::Row>& row) {
+    const Ref<Collection> values = MakeObject<Collection>(row);
     const Variant& remove = values->Get(u"removeOnDependency");
-    parameter.dependencies()->Add(ToLong(values->Get(u"idx")), TextOr(values->Get(u"dependency"), u""),
-                                  !remove.IsNull() && ToBoolean(remove), values.get());
+    parameter.Ring().Add(ToLong(values->Get(u"idx")), TextOr(values->Get(u"dependency"), u""),
+                         !remove.IsNull() && ToBoolean(remove), values.get());
 }
 
 void Group::LoadScripts() {
     if (mScripts) return;
     mScripts = MakeObject<Collection>();
-    Ref<Recordset> rows;
+    std::shared_ptr<const RowSet> rows;
     try {
         if (!Services() || !Services()->GetDB()) Raise(ErrorNumber::ObjectVariableNotSet);
-        rows = Services()->GetDB()->OpenRecordset(u"SELECT * FROM [GroupScripts] WHERE [GroupType] = " +
-                                                      Text::FromInteger(mGroupType) + u" OR [GroupType] IS NULL",
-                                                  RecordsetType::dbOpenDynaset, RecordsetOptions::dbReadOnly);
+        rows = SharedDescriptor::Of(*Services()->GetDB())
+                   .Rows(u"SELECT * FROM [GroupScripts] WHERE [GroupType] = " + Text::FromInteger(mGroupType) +
+                         u" OR [GroupType] IS NULL");
     } catch (const RuntimeError& error) {
         // A database without the table is allowed, and not asked again.
         LogEntry(Dispatch(), u"LoadScripts(): ERROR at OpenRecordset(): ", error.description());
         return;
     }
     try {
-        for (; !rows->Eof(); rows->MoveNext()) {
-            const Text script = ToText(FieldValue(*rows, u"script"));
-            if (!mScripts->TryAdd(ToText(FieldValue(*rows, u"ScriptId")), script)) {
+        const std::optional<std::size_t> script = rows->columns->Find(u"script"), id = rows->columns->Find(u"ScriptId");
+        for (const Ref<const ov::Row>& row : rows->rows) {
+            const Text text = ToText(CellOf(*row, script));
+            if (!mScripts->TryAdd(ToText(CellOf(*row, id)), text)) {
                 Raise(ErrorNumber::KeyAlreadyAssociated);  // the first one stays, and the reading ends
             }
         }
-        rows->Close();
     } catch (const RuntimeError& error) {
         LogEntry(Dispatch(), u"LoadScripts(): ONERROR: Error " + Text::FromInteger(error.number()) + u": " +
                                  ErrorText(error.number()) + u" (" + error.description() + u")");

@@ -2,6 +2,8 @@
 
 #include <array>
 #include <bit>
+#include <memory>
+#include <new>
 
 #include "platform/automation/conversions.h"
 #include "platform/automation/errors.h"
@@ -71,13 +73,40 @@ Collection::Walk::~Walk() {
     mCollection->mTable->Unwatch(mCursor);
 }
 
-Collection::Collection(std::shared_ptr<const ColumnNames> columns, std::unique_ptr<Variant[]> values)
-    : mColumns(std::move(columns)), mValues(std::move(values)) {}
+static_assert(sizeof(Row) % alignof(Variant) == 0);
+
+Ref<Row> Row::Make(std::shared_ptr<const ColumnNames> columns) {
+    const std::size_t count = columns->size();
+    void* memory = ::operator new(sizeof(Row) + count * sizeof(Variant));
+    Row* row = new (memory) Row(std::move(columns));
+    std::uninitialized_default_construct_n(row->Values(), count);
+    return Ref<Row>::Adopt(row);
+}
+
+Row::~Row() {
+    std::destroy_n(Values(), size());
+}
+
+std::uint32_t Row::Release() const noexcept {
+    const std::uint32_t left = --mReferences;
+    if (left != 0) return left;
+    this->~Row();
+    ::operator delete(const_cast<Row*>(this));
+    return 0;
+}
+
+Collection::Collection(Ref<const Row> row) noexcept : mRow(std::move(row)) {}
+
+Collection::Collection(std::shared_ptr<const ColumnNames> columns, std::unique_ptr<Variant[]> values) {
+    const Ref<Row> row = Row::Make(std::move(columns));
+    std::move(values.get(), values.get() + row->size(), row->Values());
+    mRow = row;
+}
 
 Collection::~Collection() = default;
 
 std::size_t Collection::size() const noexcept {
-    return mColumns ? mColumns->size() : mTable ? mTable->size() : 0;
+    return mRow ? mRow->size() : mTable ? mTable->size() : 0;
 }
 
 std::int32_t Collection::Count() {
@@ -92,14 +121,13 @@ Collection::Table& Collection::MakeTable() {
 // A row that is to be changed gets keys of its own. Its items keep their positions.
 Collection::Table& Collection::Own() {
     Table& table = MakeTable();
-    if (mColumns) {
-        table.Reserve(mColumns->size() + 1);
-        const std::shared_ptr<const ColumnNames> columns = std::exchange(mColumns, nullptr);
-        const std::unique_ptr<Variant[]> values = std::move(mValues);
-        for (std::size_t i = 0; i < columns->size(); ++i) {
-            const Text& name = (*columns)[i];
-            const bool keyed = columns->Find(name) == i;  // a name's second place has no key
-            table.Append({std::move(values[i]), keyed ? name : Text(), HashNoCase(name), keyed});
+    if (const Ref<const Row> row = std::exchange(mRow, nullptr)) {
+        const ColumnNames& columns = *row->Columns();
+        table.Reserve(row->size() + 1);
+        for (std::size_t i = 0; i < row->size(); ++i) {
+            const Text& name = columns[i];
+            const bool keyed = columns.Find(name) == i;  // a name's second place has no key
+            table.Append({(*row)[i], keyed ? name : Text(), HashNoCase(name), keyed});
         }
     }
     return table;
@@ -111,9 +139,9 @@ Collection::Entry* Collection::FindOwn(std::u16string_view key) const noexcept {
 }
 
 const Variant* Collection::Find(std::u16string_view key) const noexcept {
-    if (mColumns) {
-        const std::optional<std::size_t> column = mColumns->Find(key);
-        return column ? &mValues[*column] : nullptr;
+    if (mRow) {
+        const std::optional<std::size_t> column = mRow->Columns()->Find(key);
+        return column ? &(*mRow)[*column] : nullptr;
     }
     const Entry* entry = FindOwn(key);
     return entry ? &entry->item : nullptr;
@@ -137,7 +165,7 @@ Variant Collection::Item(const Variant& index) {
 }
 
 std::pair<Text, const Variant*> Collection::At(std::size_t position) {
-    if (mColumns) return {(*mColumns)[position], &mValues[position]};
+    if (mRow) return {(*mRow->Columns())[position], &(*mRow)[position]};
     Entry& entry = mTable->At(position);
     return {entry.key, &entry.item};
 }
@@ -195,13 +223,12 @@ void Collection::RemoveAt(std::size_t position) {
 }
 
 void Collection::Clear() {
-    const std::unique_ptr<Variant[]> values = std::move(mValues);
-    mColumns = nullptr;
+    const Ref<const Row> row = std::exchange(mRow, nullptr);
     if (mTable) const auto ended = mTable->TakeAll();
 }
 
 const Variant* Collection::Next(std::size_t& cursor) {
-    if (mColumns) return cursor < mColumns->size() ? &mValues[cursor++] : nullptr;
+    if (mRow) return cursor < mRow->size() ? &(*mRow)[cursor++] : nullptr;
     const Entry* entry = mTable ? mTable->Next(cursor) : nullptr;
     return entry ? &entry->item : nullptr;
 }

@@ -33,9 +33,28 @@ public:
     virtual Ref<IEnumVariant> NewEnum() = 0;
 };
 
+/// What the user of a thing that many share has worked out of it, kept there so that it is worked out once.
+class Finding {
+public:
+    virtual ~Finding() = default;
+};
+
+/// A place for a Finding beside what it was found in. There is one user, who knows the class of it.
+class KeptFinding {
+public:
+    const Finding* get() const noexcept { return mFinding.get(); }
+    void Keep(std::unique_ptr<const Finding> finding) const noexcept { mFinding = std::move(finding); }
+
+private:
+    mutable std::unique_ptr<const Finding> mFinding;
+};
+
 /// The names of a recordset's columns in their order, shared by all rows that were copied from it.
 class ColumnNames {
 public:
+    /// Of the parameters: where the columns are that they read.
+    KeptFinding found;
+
     /// A name that occurs twice is found at its first place.
     explicit ColumnNames(std::vector<Text> names);
 
@@ -50,14 +69,46 @@ private:
     std::vector<std::uint16_t> mIndex;  // hash table of column numbers plus 1
 };
 
-/// The keyed collection. A descriptor row is one whose names are those of its recordset: it costs its values alone
-/// until somebody adds or removes an item.
+/// A descriptor row: values under the names of their columns. Whoever shows or uses the row shares it, so nobody
+/// changes it once it is filled.
+class Row {
+public:
+    /// Of the parameters: what the row says to each one that it describes.
+    KeptFinding found;
+
+    /// A row whose values, all Empty as yet, are filled before it is shared.
+    static Ref<Row> Make(std::shared_ptr<const ColumnNames> columns);
+    Row(const Row&) = delete;
+    Row& operator=(const Row&) = delete;
+
+    const std::shared_ptr<const ColumnNames>& Columns() const noexcept { return mColumns; }
+    std::size_t size() const noexcept { return mColumns->size(); }
+    const Variant& operator[](std::size_t column) const noexcept { return Values()[column]; }
+    const Variant* Values() const noexcept { return reinterpret_cast<const Variant*>(this + 1); }
+    Variant* Values() noexcept { return reinterpret_cast<Variant*>(this + 1); }
+
+    std::uint32_t AddRef() const noexcept { return ++mReferences; }
+    std::uint32_t Release() const noexcept;
+
+private:
+    explicit Row(std::shared_ptr<const ColumnNames> columns) noexcept : mColumns(std::move(columns)) {}
+    ~Row();
+
+    std::shared_ptr<const ColumnNames> mColumns;
+    mutable std::uint32_t mReferences = 1;
+    // The values lie behind it.
+};
+
+/// The keyed collection. A descriptor row is one that shows a Row: it costs next to nothing until somebody adds or
+/// removes an item, for which it takes a copy.
 class Collection final : public Object<Collection, Facet<ICollection>> {
 public:
     static constexpr const char* kClassName = "Collection";
 
     Collection() noexcept = default;
-    /// A descriptor row. @pre values has one item for each of the names
+    /// A descriptor row.
+    explicit Collection(Ref<const Row> row) noexcept;
+    /// A descriptor row of its own. @pre values has one item for each of the names
     Collection(std::shared_ptr<const ColumnNames> columns, std::unique_ptr<Variant[]> values);
     ~Collection();
 
@@ -70,7 +121,9 @@ public:
 
     std::size_t size() const noexcept;
     /// Whether this is a descriptor row that nobody has added to or removed from.
-    bool IsRow() const noexcept { return mColumns != nullptr; }
+    bool IsRow() const noexcept { return static_cast<bool>(mRow); }
+    /// The row that it shows; Nothing for what is none.
+    const Row* Shown() const noexcept { return mRow.get(); }
     /// Changes whenever items come, go or move. Not for rows.
     std::uint32_t Changes() const noexcept { return mTable ? mTable->Changes() : 0; }
     /// The item under @p key, or nullptr. Valid until the next change.
@@ -126,10 +179,9 @@ private:
     Entry* FindOwn(std::u16string_view key) const noexcept;
     std::size_t PositionOf(const Variant& index);
 
-    // Either a row (names and values) or a table of its own; an empty collection has neither. A row that is walked has
-    // a table as well, for the cursors, which is empty until the row becomes its own.
-    std::shared_ptr<const ColumnNames> mColumns;
-    std::unique_ptr<Variant[]> mValues;
+    // Either a row or a table of its own; an empty collection has neither. A row that is walked has a table as well,
+    // for the cursors, which is empty until the row becomes its own.
+    Ref<const Row> mRow;
     std::unique_ptr<Table> mTable;
 };
 

@@ -105,6 +105,12 @@ public:
     virtual void ReadRow(Variant* values) = 0;
 };
 
+/// What those who read a database keep beside it. Ends with it.
+class DatabaseAnnex {
+public:
+    virtual ~DatabaseAnnex() = default;
+};
+
 /// An open database file.
 class Database : public IDispatch {
 public:
@@ -127,6 +133,10 @@ public:
     virtual std::vector<Text> TableNames() = 0;
     /// A line for each thing of the file that cannot be opened, such as a saved query that is no selection.
     virtual std::vector<Text> LeftOut() = 0;
+
+    /// A number that is another one once the content of the file has changed. @throws RuntimeError as OpenRecordset
+    virtual std::int64_t Revision() = 0;
+    virtual std::unique_ptr<DatabaseAnnex>& Annex() noexcept = 0;
 };
 
 /// A session with the engine.

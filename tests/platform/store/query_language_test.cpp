@@ -230,6 +230,19 @@ TEST_P(QueryLanguage, TextsHaveTheirRows) {
     }
 }
 
+// Queries that come again and again get indexes in memory.
+TEST_P(QueryLanguage, TextsHaveTheirRowsHoweverOftenTheyCome) {
+    constexpr int kTimes = 200;
+    for (const Query& each : kQueries) {
+        const std::string first = Rows(each.sql);
+        std::size_t same = 1;
+        while (same < kTimes && Rows(each.sql) == first) {
+            ++same;
+        }
+        EXPECT_EQ(same, kTimes) << each.sql << ": " << Rows(each.sql);
+    }
+}
+
 TEST_P(QueryLanguage, EndlessQueriesEnd) {
     const char* endless = "WITH RECURSIVE c(x) AS (SELECT 1 UNION ALL SELECT x + 1 FROM c) SELECT Max(x) FROM c";
     const Deadline deadline(20);

@@ -222,6 +222,12 @@ Variant Decode(const Cell& cell, ColumnType type) {
     return Variant::Null();
 }
 
+Variant Decode(const Cell& cell, ColumnType type, TextPool& texts) {
+    const bool isText = type == ColumnType::String && cell.kind == CellKind::Text;
+    const bool isPooled = isText && cell.length <= TextPool::kLongest && IsAscii(cell.Bytes());
+    return isPooled ? Variant(texts.Find(cell.Bytes())) : Decode(cell, type);
+}
+
 std::optional<Variant> ConvertKey(const Variant& key, ColumnType type) {
     static constexpr std::array kVarTypes = {
         VarType::Empty,  VarType::Boolean,  VarType::Byte,    VarType::Integer, VarType::Long,   VarType::Single,

@@ -7,6 +7,7 @@
 
 #include "platform/automation/variant.h"
 #include "platform/store/sqlite/row_store.h"
+#include "platform/store/sqlite/text_pool.h"
 
 namespace ov::sqlite {
 
@@ -31,6 +32,8 @@ ColumnType DeclaredType(std::string_view declaration) noexcept;
 
 /// The value of a cell in a column of @p type. NULL is Null; what the type cannot hold is a String of its text.
 Variant Decode(const Cell& cell, ColumnType type);
+/// The same; texts come from @p texts.
+Variant Decode(const Cell& cell, ColumnType type, TextPool& texts);
 
 /// A search key in the type of a column of @p type, or nullopt if it is Null or cannot be one.
 std::optional<Variant> ConvertKey(const Variant& key, ColumnType type);

@@ -56,19 +56,65 @@ std::u16string PropertyKey(std::u16string_view table, std::u16string_view column
 
 }  // namespace
 
-/// While it lives, statements of the connection's own making are compiled: pragmas pass.
+/// While it lives, statements of the connection's own making run: pragmas pass. A statement is compiled anew when the
+/// schema has changed, so it is not enough to compile them so.
 class Connection::InternalStatements {
 public:
-    explicit InternalStatements(Connection& connection) : mConnection(connection) { mConnection.mInternal = true; }
+    explicit InternalStatements(Connection& connection)
+        : mConnection(connection), mOuter(std::exchange(connection.mInternal, true)) {}
     InternalStatements(const InternalStatements&) = delete;
     InternalStatements& operator=(const InternalStatements&) = delete;
-    ~InternalStatements() { mConnection.mInternal = false; }
+    ~InternalStatements() { mConnection.mInternal = mOuter; }
+
+private:
+    Connection& mConnection;
+    bool mOuter;
+};
+
+/// While it lives, all reads see one state of the file. One inside another does nothing.
+class Connection::Snapshot {
+public:
+    explicit Snapshot(Connection& connection) : mConnection(connection) {
+        if (sqlite3_get_autocommit(connection.mDb.get()) == 0) return;
+        const InternalStatements internal(connection);
+        if (!connection.mBegin) connection.mBegin.emplace(connection.mDb.get(), "BEGIN");
+        if (!connection.mEnd) connection.mEnd.emplace(connection.mDb.get(), "COMMIT");
+        connection.mBegin->ReadRows(0);
+        mIsOwn = true;
+    }
+    Snapshot(const Snapshot&) = delete;
+    Snapshot& operator=(const Snapshot&) = delete;
+    ~Snapshot() {
+        if (!mIsOwn) return;
+        const InternalStatements internal(mConnection);
+        sqlite3_step(mConnection.mEnd->get());  // nothing was written, so nothing can fail
+        sqlite3_reset(mConnection.mEnd->get());
+    }
+
+private:
+    Connection& mConnection;
+    bool mIsOwn = false;
+};
+
+/// The schema with the indexes in memory that its columns come to have.
+class Connection::IndexedSchema final : public SqlSchema {
+public:
+    explicit IndexedSchema(Connection& connection) : mConnection(connection) {}
+
+    std::optional<Source> FindSource(const std::string& name) override { return mConnection.FindSource(name); }
+    std::string_view TextCollation() const noexcept override { return mConnection.TextCollation(); }
+    std::string FindKeys(const std::string& table, const std::string& column) override {
+        const std::optional<Source> source = FindSource(table);
+        const InternalStatements internal(mConnection);
+        return source ? mConnection.mIndexes.Find(table, column, source->rowNumber) : std::string();
+    }
 
 private:
     Connection& mConnection;
 };
 
-Connection::Connection(Handle db, Texts texts) : mDb(std::move(db)), mTexts(texts), mFunctions(mDb.get(), *this) {
+Connection::Connection(Handle db, Texts texts)
+    : mDb(std::move(db)), mTexts(texts), mFunctions(mDb.get(), *this), mIndexes(mDb.get()) {
     Secure(mDb.get());
     Check(mDb.get(), sqlite3_set_authorizer(mDb.get(), &Authorize, this));
 }
@@ -267,10 +313,58 @@ std::vector<std::string> Connection::ReadKeyNames(const std::string& table) {
 }
 
 QueryResult Connection::RunQuery(const SqlText& sql) {
-    const Deadline deadline(StatementTimeout());
     const SqliteQuery rewritten = sql.Rewrite(*this);
-    Query& query = FindQuery(rewritten);
-    return {query.shape, Rows(query, rewritten.values, Statement::kAllRows)};
+    QueryResult result = Run(rewritten, sql.Words());
+    mForms.Learn(sql.Words(), rewritten, *this);
+    return result;
+}
+
+std::optional<QueryResult> Connection::RunKnownQuery(const std::string& sql) {
+    const std::optional<SqliteQuery> known = mForms.Find(sql);
+    return known ? std::optional(Run(*known, sql)) : std::nullopt;
+}
+
+QueryResult Connection::Run(const SqliteQuery& rewritten, const std::string& sql) {
+    Query* query = &FindQuery(rewritten);
+    if (!query->wasIndexed && query->rowsScanned > kMostScanned) IndexTables(*query, sql);
+    const Deadline deadline(StatementTimeout());
+    // Indexes and rows have to be of one state of the file.
+    std::optional<Snapshot> snapshot;
+    if (!mIndexes.empty()) {
+        snapshot.emplace(*this);
+        if (Revision() != mIndexedRevision) {
+            snapshot.reset();
+            ForgetIndexes();
+            query = &FindQuery(rewritten);
+        }
+    }
+    return {query->shape, Rows(*query, rewritten.values, Statement::kAllRows)};
+}
+
+std::int64_t Connection::Revision() {
+    const InternalStatements internal(*this);
+    if (!mRevision) mRevision.emplace(mDb.get(), "PRAGMA main.data_version");
+    return mRevision->ReadRows(1)[0]->integer;
+}
+
+// A query that walks through its tables again and again gets indexes over what it compares, so that a descriptor takes
+// no longer for those that its file lacks.
+void Connection::IndexTables(Query& query, const std::string& sql) {
+    query.wasIndexed = true;
+    const Snapshot snapshot(*this);
+    const std::int64_t revision = Revision();
+    if (mIndexes.empty()) mIndexedRevision = revision;
+    if (revision != mIndexedRevision) return;  // found out by every query, which drops the indexes
+    IndexedSchema schema(*this);
+    const SqliteQuery indexed = SqlText(sql).Rewrite(schema);
+    if (indexed.text != query.text) query.statement = Compile(indexed).statement;
+}
+
+void Connection::ForgetIndexes() {
+    mQueryIndex.clear();
+    mQueries.clear();
+    const InternalStatements internal(*this);
+    mIndexes.Drop();
 }
 
 RowStore Connection::Rows(Query& query, const std::vector<Variant>& values, std::size_t limit) {
@@ -278,7 +372,11 @@ RowStore Connection::Rows(Query& query, const std::vector<Variant>& values, std:
     for (std::size_t i = 0; i < std::min(values.size(), places); ++i) {
         if (!query.statement.Bind(static_cast<int>(i) + 1, values[i])) throw BadQuery(u"value is too long");
     }
-    return query.statement.ReadRows(query.shape->columns.size(), limit);
+    RowStore rows = query.statement.ReadRows(query.shape->columns.size(), limit);
+    const int scanned = sqlite3_stmt_status(query.statement.get(), SQLITE_STMTSTATUS_FULLSCAN_STEP, 1);
+    query.rowsScanned += scanned;
+    mRowsScanned += scanned;
+    return rows;
 }
 
 Connection::Query& Connection::FindQuery(const SqliteQuery& query) {

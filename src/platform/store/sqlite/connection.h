@@ -12,6 +12,8 @@
 #include <vector>
 
 #include "platform/automation/text.h"
+#include "platform/store/sqlite/key_indexes.h"
+#include "platform/store/sqlite/query_forms.h"
 #include "platform/store/sqlite/row_shape.h"
 #include "platform/store/sqlite/sql_functions.h"
 #include "platform/store/sqlite/sql_schema.h"
@@ -70,11 +72,22 @@ public:
     /// Runs a query, for as long as StatementTimeout allows. Its statement is kept for the next of its form.
     /// @throws RuntimeError 3075, 3061, 3078, 3027, 3001 beyond the time, 7 beyond the memory, others of the engine
     QueryResult RunQuery(const SqlText& sql);
+    /// The same for one that differs in a number alone from one that was run, without a look at its words; nullopt for
+    /// any other.
+    std::optional<QueryResult> RunKnownQuery(const std::string& sql);
 
     /// The property @p name of a column that comes from a table's, or nullptr. Valid as long as the connection.
     const Variant* FindProperty(const Column& column, const Text& name);
     /// True if a column that comes from a table's takes no NULL.
     bool IsRequired(const Column& column);
+
+    /// Of the rows that are read.
+    TextPool& Pool() noexcept { return mPool; }
+
+    /// A number that is another one once a process has changed the file. @throws RuntimeError of the engine
+    std::int64_t Revision();
+    /// How many rows queries have passed in tables that they walked through from end to end.
+    std::int64_t RowsScanned() const noexcept { return mRowsScanned; }
 
 private:
     struct SchemaEntry {
@@ -89,11 +102,18 @@ private:
         std::string text;
         Statement statement;
         std::shared_ptr<const RowShape> shape;
+        std::int64_t rowsScanned = 0;
+        bool wasIndexed = false;  ///< indexes in memory have been looked for
     };
     class InternalStatements;
+    class Snapshot;
+    class IndexedSchema;
 
     static constexpr std::size_t kMaxQueries = 128;
     static constexpr std::size_t kMaxWeight = 1000;
+    // What all runs of one query may scan before its tables are indexed: about what the first look-ups by an index
+    // cost.
+    static constexpr std::int64_t kMostScanned = 500;
 
     static int Authorize(void* self, int action, const char* first, const char* second, const char*,
                          const char*) noexcept;
@@ -111,6 +131,9 @@ private:
     Query& FindQuery(const SqliteQuery& query);
     Query Compile(const SqliteQuery& query);
     RowStore Rows(Query& query, const std::vector<Variant>& values, std::size_t limit);
+    QueryResult Run(const SqliteQuery& rewritten, const std::string& sql);
+    void IndexTables(Query& query, const std::string& sql);
+    void ForgetIndexes();
     void ReadProperties();
 
     Handle mDb;
@@ -124,6 +147,12 @@ private:
     std::list<Query> mQueries;  // the one used last comes first
     std::unordered_map<std::string_view, std::list<Query>::iterator> mQueryIndex;
     std::optional<std::unordered_map<std::u16string, Variant>> mProperties;
+    TextPool mPool;
+    QueryForms mForms;
+    std::optional<Statement> mRevision, mBegin, mEnd;
+    KeyIndexes mIndexes;
+    std::int64_t mIndexedRevision = 0;  // that mIndexes hold for
+    std::int64_t mRowsScanned = 0;
 };
 
 }  // namespace ov::sqlite

@@ -31,6 +31,9 @@ public:
     virtual std::optional<Source> FindSource(const std::string& name) = 0;
     /// The collation by which all texts of the database compare; "" where each column has its own.
     virtual std::string_view TextCollation() const noexcept = 0;
+    /// The index in memory over a column of a table: a table that has, for each row, the column's value as `key` and
+    /// the row's number as `place`. "" where there is none.
+    virtual std::string FindKeys(const std::string& /*table*/, const std::string& /*column*/) { return {}; }
 };
 
 }  // namespace ov::sqlite

@@ -17,14 +17,29 @@ std::string BracketName(std::string_view name) {
     return quoted + "`";
 }
 
-std::optional<SqlScope::Found> SqlScope::FindHere(const std::vector<std::string>& path) const {
-    const std::string& name = path.back();
+namespace {
+
+const SqlNamedType* FindColumn(const SqlScope::Source& source, const std::string& name) {
+    const auto column =
+        std::ranges::find_if(*source.columns, [&](const SqlNamedType& each) { return SameName(each.name, name); });
+    return column != source.columns->end() ? &*column : nullptr;
+}
+
+}  // namespace
+
+// A source whose columns are not known may have any.
+const SqlScope::Source* SqlScope::FindSource(const std::vector<std::string>& path) const {
     for (const Source& source : sources) {
         if (path.size() > 1 && !SameName(source.name, path[path.size() - 2])) continue;
-        if (!source.columns) return Found{};
-        const auto column =
-            std::ranges::find_if(*source.columns, [&](const SqlNamedType& each) { return SameName(each.name, name); });
-        if (column != source.columns->end()) return Found{column->type, nullptr};
+        if (!source.columns || FindColumn(source, path.back())) return &source;
+    }
+    return nullptr;
+}
+
+std::optional<SqlScope::Found> SqlScope::FindHere(const std::vector<std::string>& path) const {
+    const std::string& name = path.back();
+    if (const Source* source = FindSource(path)) {
+        return source->columns ? Found{FindColumn(*source, name)->type, nullptr} : Found{};
     }
     if (path.size() > 1) return std::nullopt;
     const auto alias = std::ranges::find_if(aliases, [&](const Alias& each) { return SameName(each.name, name); });

@@ -17,6 +17,7 @@ public:
         std::string name;                              // its alias, or the table's name
         std::shared_ptr<const SqlNamedTypes> columns;  // nullptr where they are not known
         std::string rowNumber;
+        std::string table{};  // "" for what is no table
     };
     /// A column of the result, which the columns behind it may use.
     struct Alias {
@@ -33,6 +34,8 @@ public:
 
     /// What @p path names, or nullopt for nothing. A source whose columns are not known may have any.
     std::optional<Found> Find(const std::vector<std::string>& path);
+    /// The source here that has the column @p path, or nullptr.
+    const Source* FindSource(const std::vector<std::string>& path) const;
     /// How the places of the rows are written, source by source, up to the first that has none.
     std::vector<std::string> RowOrder() const;
 

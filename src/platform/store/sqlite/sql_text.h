@@ -26,6 +26,7 @@ public:
     SqlText(const SqlText&) = delete;
     SqlText& operator=(const SqlText&) = delete;
 
+    const std::string& Words() const noexcept { return mSql; }
     /// True if it holds nothing but words and names.
     bool IsNameOnly() const noexcept;
     /// The text without blanks around it and without the square brackets around the whole of it.

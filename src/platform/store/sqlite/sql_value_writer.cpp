@@ -259,6 +259,7 @@ SqlWritten SqlWriter::Comparison(const SqlExpression& expression, SqlScope& scop
         Variant value = ValueOf(b);
         if (!value.IsEmpty()) {
             mValues.push_back(std::move(value));
+            mTaken.push_back(&b);
             right.text = "?" + std::to_string(mValues.size());
         }
     }

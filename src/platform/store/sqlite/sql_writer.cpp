@@ -190,7 +190,10 @@ SqlWriter::Rows SqlWriter::Select(const SqlSelect& select, const SqlQuery* order
     const bool comparesRows = select.isDistinct || !order;
     const std::string columns = ColumnList(select, comparesRows, scope, rows);
     std::string rest = from;
-    if (select.where) rest += " WHERE " + Condition(*select.where, scope);
+    if (select.where) {
+        rest += " WHERE " + Condition(*select.where, scope);
+        rest += PlaceFilter(*select.where, scope);
+    }
     std::vector<std::string> groups;
     for (const SqlExpressionPtr& group : select.groupBy) {
         groups.push_back(Ordered(Value(*group, scope)));
@@ -281,6 +284,7 @@ std::string SqlWriter::TableSource(const SqlSource& source, SqlScope& scope) {
     } else if (const std::optional<SqlSchema::Source> found = mSchema.FindSource(name)) {
         named.columns = found->columns;
         named.rowNumber = found->rowNumber;
+        named.table = name;
     }
     scope.sources.push_back(std::move(named));
     return BracketPath(source.path);

@@ -45,6 +45,19 @@ private:
         std::shared_ptr<const SqlNamedTypes> columns;
     };
     class OrderClause;
+    /// What a condition says of one column of a table.
+    struct KeyCondition {
+        const SqlScope::Source* source;
+        std::string column;
+        ColumnType type;
+        std::string text;  ///< in terms of `key`
+    };
+
+    // sql_key_writer.cpp
+    std::string PlaceFilter(const SqlExpression& condition, SqlScope& scope);
+    std::optional<KeyCondition> KeysOf(const SqlExpression& condition, SqlScope& scope);
+    std::optional<KeyCondition> KeysOfEither(const SqlExpression& condition, SqlScope& scope);
+    std::optional<KeyCondition> KeysOfColumn(const SqlExpression& column, SqlScope& scope);
 
     // sql_writer.cpp
     Rows Query(const SqlQuery& query, SqlScope* outer);
@@ -83,6 +96,7 @@ private:
     std::vector<std::string> mParameters;
     bool mMayTakeValues;
     std::vector<Variant> mValues{};
+    std::vector<const SqlExpression*> mTaken{};  // the literals that are mValues now
     std::vector<CommonTable> mCommonTables{};
 };
 

@@ -25,8 +25,7 @@ Ref<Recordset> SqliteDatabase::OpenTable(const Text& name) {
     return MakeObject<SqliteRecordset>(RowSource{mConnection, table, table->Shape(), nullptr});
 }
 
-Ref<Recordset> SqliteDatabase::OpenQuery(const SqlText& sql) {
-    QueryResult result = mConnection->RunQuery(sql);
+Ref<Recordset> SqliteDatabase::RowsOf(QueryResult result) {
     auto rows = std::make_shared<const RowStore>(std::move(result.rows));
     return MakeObject<SqliteRecordset>(RowSource{mConnection, nullptr, std::move(result.shape), std::move(rows)});
 }
@@ -43,17 +42,21 @@ Ref<Recordset> SqliteDatabase::OpenRecordset(const Text& source, std::optional<R
         default:
             Raise(ErrorNumber::InvalidEngineArgument);
     }
-    const SqlText sql(source.ToUtf8());
+    std::string words = source.ToUtf8();
+    if (wanted != RecordsetType::dbOpenTable) {
+        if (std::optional<QueryResult> known = mConnection->RunKnownQuery(words)) return RowsOf(std::move(*known));
+    }
+    const SqlText sql(std::move(words));
     const Text name = Text::FromUtf8(sql.Name());
     if (wanted == RecordsetType::dbOpenTable) return OpenTable(name);
     if (sql.MayBeName()) {
         if (const std::optional<Text> spelled = mConnection->FindTableOrView(name)) {
             if (wanted == RecordsetType::Default && mConnection->FindTable(*spelled)) return OpenTable(*spelled);
-            return OpenQuery(SqlText("SELECT * FROM " + BracketName(spelled->ToUtf8())));
+            return RowsOf(mConnection->RunQuery(SqlText("SELECT * FROM " + BracketName(spelled->ToUtf8()))));
         }
         if (sql.IsNameOnly() && !sql.BeginsStatement()) throw NoSuchTableOrQuery(name);
     }
-    return OpenQuery(sql);
+    return RowsOf(mConnection->RunQuery(sql));
 }
 
 }  // namespace ov::sqlite

@@ -24,13 +24,16 @@ public:
                                  std::optional<RecordsetOptions> options) override;
     std::vector<Text> TableNames() override { return mConnection->TableNames(); }
     std::vector<Text> LeftOut() override;
+    std::int64_t Revision() override { return mConnection->Revision(); }
+    std::unique_ptr<DatabaseAnnex>& Annex() noexcept override { return mAnnex; }
 
 private:
     Ref<Recordset> OpenTable(const Text& name);
-    Ref<Recordset> OpenQuery(const SqlText& sql);
+    Ref<Recordset> RowsOf(QueryResult result);
 
     Text mName;
     std::shared_ptr<Connection> mConnection;
+    std::unique_ptr<DatabaseAnnex> mAnnex;
 };
 
 }  // namespace ov::sqlite

@@ -193,8 +193,9 @@ Variant SqliteRecordset::ValueAt(std::size_t column) {
 
 void SqliteRecordset::ReadRow(Variant* values) {
     const Cell* row = Current();
+    TextPool& texts = mSource.connection->Pool();
     for (const Column& column : mSource.shape->columns) {
-        *values++ = Decode(*row++, column.type);
+        *values++ = Decode(*row++, column.type, texts);
     }
 }
 

@@ -176,6 +176,7 @@ bool Module::LoadModuleType() {
     try {
         mModuleType = ToText(mDesc->Get(u"moduletype"));
         mModuleTypeIdx = ToLong(mDesc->Get(u"IDX"));
+        mRecord->CountIn(CountsForTree(mSourcePath, mModuleType));
         mFdtInfo.deviceTypeId = NumberOf(*mDesc, u"FDTdeviceTypeId");
         mFdtInfo.subDeviceType = TextOf(*mDesc, u"FDTsubDeviceType");
         mFdtInfo.classificationId = ClassificationOf(mDesc->Get(u"FDTclassificationId"));

@@ -23,6 +23,7 @@ bool Parameter::Config(IDispatch* parent, const Variant& desc) {
     mTrace.NoteReconfiguration();
     mGroupEvents = facet<IBase_CallbackParameter>(owner).get();
     mDBindex = ToLong(Cell(u"idx"));
+    mTrace.TakeRow(mDBindex);
     if (mLoadState == LoadState::NeverConfigured) mId = Cell(u"ParameterId");  // log lines of all that follows name it
     ReadType();
     mMinScript = CellText(u"Min");

@@ -24,6 +24,11 @@ public:
 
     RuleTrace& Trace() noexcept { return mOwn ? mOwn->Trace() : mNoTrace; }
     std::uint8_t Alternative() noexcept { return mOwn ? mOwn->Ring().Place() : 0; }
+    /// The parameter has the current row, and its rule holds.
+    void NoteInForce() {
+        RuleRecord* const record = Trace().Record();
+        if (record && record->Counts()) record->Counts()->NoteInForce(Index());
+    }
     std::int32_t Index() { return mRing->get_idx(); }
     Text Rule() { return mRing->get_dep(); }
     bool GoesAway() { return mRing->get_removeOnDep() == u"True"; }
@@ -80,16 +85,18 @@ void Group::RunRules(RuledParameter& parameter, bool& any) {
     if (self.get_configState() == eParameterConfigState::eParameterValid) {
         const Text rule = parameter.Rule();
         if (!rule.empty() && !Holds(parameter, rule, self.id())) return GiveWay(parameter, any);
+        parameter.NoteInForce();
         if (ToBoolean(self.CheckNeedForReConfig())) Reconfigure(parameter, any);
     } else if (FindActiveDependency(parameter, true)) {
         if (self.DBindex() != parameter.Index()) Reconfigure(parameter, any);
         NoteChange(self);
+        parameter.NoteInForce();
         self.let_configState(eParameterConfigState::eParameterValid);
     }
 }
 
 bool Group::Holds(RuledParameter& parameter, const Text& rule, const Variant& id) {
-    Recording recording(parameter.Trace(), RuleColumn::Dependency, parameter.Alternative());
+    Recording recording(parameter.Trace(), parameter.Alternative(), parameter.Index());
     return recording.Keep(GetBoolFromScript(rule, id));
 }
 
@@ -98,7 +105,10 @@ void Group::GiveWay(RuledParameter& parameter, bool& any) {
     IBase_Internal& self = parameter.self;
     if (self.get_scriptAccess()) any = true;
     NoteChange(self);
-    if (FindActiveDependency(parameter, false)) return parameter.TakeRow(this);
+    if (FindActiveDependency(parameter, false)) {
+        parameter.NoteInForce();
+        return parameter.TakeRow(this);
+    }
     self.let_configState(parameter.GoesAway() ? eParameterConfigState::eParameterInvalid
                                               : eParameterConfigState::eParameterDisabled);
 }

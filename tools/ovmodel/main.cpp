@@ -45,9 +45,10 @@ void AddRunCommand(CLI::App& app, const std::vector<std::string>& arguments, int
     command->add_option("SCRIPT", options->script, "Script file; what follows it is the script's own")->required();
     CLI::Option* compileOnly = command->add_flag("--compile-only", options->compileOnly,
                                                  "Compile the script, and the files behind it, and run nothing");
-    command->add_flag("--dump", options->dump, "Show what the script is compiled to, and run nothing")
-        ->excludes(compileOnly);
-    ovmodel::RuleCoverage::AddOption(*command, options->coverage);
+    CLI::Option* dump =
+        command->add_flag("--dump", options->dump, "Show what the script is compiled to, and run nothing")
+            ->excludes(compileOnly);
+    ovmodel::RuleCoverage::AddOption(*command, options->coverage)->excludes(compileOnly)->excludes(dump);
     command->callback([options, &arguments, &status] {
         if (options->compileOnly) {
             std::vector<std::string> paths{options->script};

@@ -205,8 +205,9 @@ void RuleCoverage::Write() {
     mOutput->Finish();
 }
 
-void RuleCoverage::AddOption(CLI::App& command, std::string& file) {
-    command.add_option("--coverage", file, "Write which rules ran to this file: JSON if its name says so, else text");
+CLI::Option* RuleCoverage::AddOption(CLI::App& command, std::string& file) {
+    return command.add_option("--coverage", file,
+                              "Write which rules ran to this file: JSON if its name ends in .json, else text");
 }
 
 }  // namespace ovmodel

@@ -26,7 +26,7 @@ public:
     void Write();
 
     /// Adds the option to a command.
-    static void AddOption(CLI::App& command, std::string& file);
+    static CLI::Option* AddOption(CLI::App& command, std::string& file);
 
 private:
     using Type = std::pair<std::string, std::string>;  // descriptor and name

@@ -6,16 +6,10 @@
 
 namespace ov {
 
-namespace {
-
-constexpr std::int32_t kTimeout = 1000;  // milliseconds
-
-}  // namespace
-
 ScriptHost::ScriptHost() {
     mScriptControl.SetLanguage(u"VBScript");
     mScriptControl.Reset();
-    mScriptControl.SetTimeout(kTimeout);
+    mScriptControl.SetTimeout(GlobalDiagnostics().scriptTimeout);
 }
 
 ScriptHost::~ScriptHost() {

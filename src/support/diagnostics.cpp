@@ -31,11 +31,6 @@ bool IsSwitchedOn(const char16_t* key, const char16_t* name) {
     return value.IsString() && value.AsText() == u"1";
 }
 
-bool IsSwitchedOff(const char16_t* key, const char16_t* name) {
-    const Variant value = registry::Read(key, name);
-    return value.Type() == VarType::Long && value.AsLong() == 0;
-}
-
 // A number above 0, or what stands for it.
 std::int32_t NumberOr(const char16_t* key, const char16_t* name, std::int32_t fallback) {
     try {
@@ -53,9 +48,10 @@ void SetSwitches(Diagnostics& diagnostics, DebugMode mode) {
     diagnostics.debugToFile =
         fromRegistry ? IsSwitchedOn(kControlsKey, u"DebugFile") : mode == DebugMode::OutputAndFile;
     diagnostics.timing = IsSwitchedOn(kControlsKey, u"Timing");
-    diagnostics.fullSweep = !IsSwitchedOff(kControlsKey, u"FullSweep");
+    diagnostics.fullSweep = IsSwitchedOn(kControlsKey, u"FullSweep");
     if (IsSwitchedOn(kControlsKey, u"ConfineFiles")) ConfineFiles();
     SetStatementTimeout(NumberOr(kControlsKey, u"StatementTimeout", kUsualStatementTimeout));
+    diagnostics.scriptTimeout = NumberOr(kControlsKey, u"ScriptTimeout", Diagnostics().scriptTimeout);
     diagnostics.maxPasses = NumberOr(kControlsKey, u"MaxPasses", Diagnostics().maxPasses);
     diagnostics.typeAndAddressNotInTag = IsSwitchedOn(kDtmKey, u"TypeAndAddressNotInTag");
 }

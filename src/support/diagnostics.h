@@ -21,6 +21,7 @@ struct Diagnostics {
     bool initialised = false;             ///< the switches have been read
     bool typeAndAddressNotInTag = false;  ///< a switch of the parameters
     std::int32_t maxPasses = 10'000;      ///< most passes of one update of dependencies
+    std::int32_t scriptTimeout = 1'000;   ///< milliseconds that a rule may take with all that it calls
     bool fullSweep = false;               ///< sweeps run every rule, also those that can have nothing to do
     std::int32_t debugCountEval = 0;      ///< script evaluations since the last Load
     std::uint32_t countBegun = 0;         ///< how often it was begun

@@ -4,6 +4,8 @@
 #include <unistd.h>
 
 #include <array>
+#include <chrono>
+#include <cstdio>
 #include <cstdlib>
 #include <random>
 
@@ -173,10 +175,15 @@ private:
     int mFile, mFormer;
 };
 
+/// Milliseconds that a rule may take. Rules that write run sweeps within sweeps, which a descriptor can make endless:
+/// they end by their time, and so not at the same place on both sides. A device where that happens is given up.
+constexpr std::int32_t kScriptTimeout = 40;
+
 /// One of the two modules, with what it has told.
 class Side {
 public:
     Side(const Text& path, bool full) : mFull(full) {
+        const Watch watch(*this);
         GlobalDiagnostics().fullSweep = mFull;
         mModule = MakeObject<Module>();
         mModule->SetSourcePath(path);
@@ -194,6 +201,7 @@ public:
         GlobalDiagnostics().debugCountEval = 0;
         mEvents.clear();
         std::string told;
+        const Watch watch(*this);
         try {
             action(*this);
         } catch (const RuntimeError& error) {
@@ -215,8 +223,11 @@ public:
         return parameter ? parameter : mTaken;
     }
     Module& Root() { return *mModule; }
+    /// Whether something took so long that a rule may have run out of time.
+    bool IsGivenUp() const { return mIsGivenUp; }
 
     std::string State() {
+        const Watch watch(*this);
         std::string state;
         for (int group = 1; group <= 3; ++group) {
             state += "group " + std::to_string(Group(group)->scriptAccess()) +
@@ -236,6 +247,19 @@ public:
     std::uint64_t LeftOut() { return mModule->Record()->StepsLeftOut(); }
 
 private:
+    // Times what is done while it lives.
+    class Watch {
+    public:
+        explicit Watch(Side& side) : mSide(side) { side.mBegun = std::chrono::steady_clock::now(); }
+        ~Watch() { mSide.mIsGivenUp |= mSide.IsTimeOver(); }
+
+    private:
+        Side& mSide;
+    };
+    bool IsTimeOver() const {
+        return std::chrono::steady_clock::now() - mBegun > std::chrono::milliseconds(kScriptTimeout) / 2;
+    }
+
     static std::string StateOf(IBase_SpecParameter& spec) {
         const Ref<IBase_GuiParameter> gui = spec.Gui();
         const auto internal = facet<IBase_Internal>(&spec);
@@ -249,6 +273,7 @@ private:
                (gui->unknown() ? " unknown" : "") + (spec.scriptAccess() ? " read" : "");
     }
     void React(IBase_GuiParameter& p, const std::string&) {
+        if (mIsGivenUp || IsTimeOver()) Raise(ErrorNumber::InvalidPropertyValue);
         switch (std::exchange(reaction, 0)) {
             case 1:
                 Raise(ErrorNumber::InvalidPropertyValue);
@@ -272,6 +297,8 @@ private:
     Ref<Module> mModule;
     testing::Events mEvents;
     Ref<testing::Witness> mWitness;
+    std::chrono::steady_clock::time_point mBegun;
+    bool mIsGivenUp = false;
 };
 
 /// One thing that a host does, to whichever side.
@@ -378,12 +405,15 @@ TEST_F(SweepRecord, LeavesOutNothingThatAFullSweepWouldShow) {
     const char* first = std::getenv("OV_MODEL_SWEEP_SEED");
     const auto firstSeed = first ? static_cast<unsigned>(std::atol(first)) : 1u;
     std::uint64_t leftOut = 0;
+    long compared = 0, givenUp = 0;
     SweepVerification::isOn = std::getenv("OV_MODEL_VERIFY_SWEEPS") != nullptr;
     const std::string locales[] = {"en-US", "de-DE"};
     for (long done = 0, seed = firstSeed; done < Operations() && !HasFailure(); done += kOfDevice, ++seed) {
         SCOPED_TRACE("seed " + std::to_string(seed));
-        GlobalDiagnostics() = {
-            .debugToOutput = seed % 4 == 0 || SweepVerification::isOn, .initialised = true, .maxPasses = 12};
+        GlobalDiagnostics() = {.debugToOutput = seed % 4 == 0 || SweepVerification::isOn,
+                               .initialised = true,
+                               .maxPasses = 12,
+                               .scriptTimeout = kScriptTimeout};
         Dice dice(static_cast<unsigned>(seed) * 7919u);
         const testing::TestDatabase database(testing::kTree + RandomDevice(dice).Rows());
         const bool showLines = GlobalDiagnostics().debugToOutput;
@@ -395,18 +425,27 @@ TEST_F(SweepRecord, LeavesOutNothingThatAFullSweepWouldShow) {
             const auto action = RandomAction(dice);
             const std::string toldByFull = full.Told(action), linesOfFull = showLines ? lines.Take() : "";
             const std::string toldBySpare = spare.Told(action), linesOfSpare = showLines ? lines.Take() : "";
+            if (full.IsGivenUp() || spare.IsGivenUp()) break;
+            ++compared;
             ASSERT_EQ(toldByFull, toldBySpare) << "operation " << i;
             ASSERT_EQ(linesOfFull, linesOfSpare) << "operation " << i;
             if (i % 4 == 3) {
-                ASSERT_EQ(full.State(), spare.State()) << "operation " << i;
+                const std::string stateOfFull = full.State(), stateOfSpare = spare.State();
+                if (full.IsGivenUp() || spare.IsGivenUp()) continue;
+                ASSERT_EQ(stateOfFull, stateOfSpare) << "operation " << i;
             }
             lines.Take();
         }
         leftOut += spare.LeftOut();
+        if (full.IsGivenUp() || spare.IsGivenUp()) ++givenUp;
         SetCurrentLocale("en-US");
     }
-    EXPECT_GT(leftOut, static_cast<std::uint64_t>(Operations()));
+    EXPECT_GT(leftOut, static_cast<std::uint64_t>(compared));
+    EXPECT_GT(compared, Operations() / 2);
+    RecordProperty("operations", std::to_string(compared));
     RecordProperty("stepsLeftOut", std::to_string(leftOut));
+    std::printf("%ld operations compared, %llu steps left out, %ld devices given up\n", compared,
+                static_cast<unsigned long long>(leftOut), givenUp);
 }
 
 }  // namespace

@@ -75,11 +75,12 @@ int OpenOwn(int folder, const std::string& name, Status& status) {
     return -1;
 }
 
+// The record tells of the file, the time of the copy.
 bool IsCopy(int copies, int origins, const std::string& name, const std::string& origin, const Status& source) {
     Status copy{}, record{};
     const FileDescriptor copied(OpenOwn(copies, name, copy));
     const FileDescriptor recorded(OpenOwn(origins, name, record));
-    if (!copied || !recorded || copy.st_size != source.st_size || copy.st_mtim.tv_sec != source.st_mtim.tv_sec ||
+    if (!copied || !recorded || copy.st_mtim.tv_sec != source.st_mtim.tv_sec ||
         copy.st_mtim.tv_nsec != source.st_mtim.tv_nsec) {
         return false;
     }

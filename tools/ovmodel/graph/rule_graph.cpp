@@ -98,7 +98,7 @@ void MarkCircles(RuleGraph& graph) {
     }
 }
 
-/// Makes a graph of what @p keep wants, and puts edges between what is left.
+/// Leaves out the nodes that @p keep does not want; no edge may lead to one.
 template <class Keep>
 void Restrict(RuleGraph& graph, Keep keep) {
     std::vector<std::size_t> places(graph.nodes.size());

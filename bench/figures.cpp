@@ -9,8 +9,8 @@ void FigureReporter::ReportRuns(const std::vector<Run>& runs) {
     for (const Run& run : runs) {
         if (run.run_type != Run::RT_Iteration || run.error_occurred) continue;
         const auto limit = run.counters.find("limit");
-        for (const auto& [counter, unit] :
-             {std::pair{"ratio", "x"}, std::pair{"bytes", "B"}, std::pair{"allocations", ""}}) {
+        for (const auto& [counter, unit] : {std::pair{"ratio", "x"}, std::pair{"bytes", "B"},
+                                            std::pair{"allocations", ""}, std::pair{"microseconds", "us"}}) {
             const auto measured = run.counters.find(counter);
             if (measured == run.counters.end()) continue;
             const std::string arguments = run.run_name.args.empty() ? "" : "/" + run.run_name.args;

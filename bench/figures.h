@@ -2,8 +2,8 @@
 /// What a bench reports: a figure beside its limit.
 ///
 /// A speed is a ratio to a peer that does the same work, timed in the same run, so that it means the same on any
-/// machine: user counter "ratio". A size is a number of bytes: user counter "bytes". A count is "allocations". The
-/// limit is the counter "limit".
+/// machine: user counter "ratio". A size is a number of bytes: user counter "bytes". A count is "allocations", a
+/// difference of times "microseconds". The limit is the counter "limit".
 #pragma once
 
 #include <benchmark/benchmark.h>

@@ -28,7 +28,7 @@ Variant Environment::get_Variable(const Text& key) {
     const Variant* value = mValues->Find(key);
     if (Recording::IsUnderWay()) {
         if (const std::shared_ptr<RuleRecord> record = mRecord.lock()) {
-            Recording::NoteRead(record->VariableInput(key));
+            Recording::NoteRead(*record, record->VariableInput(key));
         }
         if (value && value->IsObject()) Traces::Leave(Unrepeatable::Object);
     }

@@ -23,7 +23,10 @@ constexpr std::size_t kMostReads = 0xFFFF;
 }  // namespace
 
 Recording::Recording(RuleTrace& trace, RuleColumn column) noexcept : Recording() {
-    if (trace.mRecord) mTrace = &trace;
+    if (trace.mRecord) {
+        mTrace = &trace;
+        mRecord = trace.mRecord;
+    }
     mColumn = column;
     mRow = trace.mRow;
 }
@@ -35,7 +38,8 @@ Recording::Recording(RuleTrace& trace, std::uint8_t alternative, std::int32_t ro
 }
 
 Recording::Recording() noexcept
-    : mOuter(sCurrent),
+    : mRecord(sCurrent ? sCurrent->mRecord : nullptr),
+      mOuter(sCurrent),
       mFirst(Reads().size()),
       mTraces(Traces::Count()),
       mEvaluations(GlobalDiagnostics().debugCountEval) {
@@ -52,12 +56,18 @@ Recording::~Recording() {
         }
     }
     // What a rule made of another one's result it has read as well. Of what ran because of an effect it has not.
-    const bool belongsToOuter = mOuter && mTrace && Traces::Count() == mOuter->mTraces;
+    bool belongsToOuter = mOuter && mTrace && Traces::Count() == mOuter->mTraces;
+    if (belongsToOuter && mRecord != mOuter->mRecord && Reads().size() != mFirst) {
+        Traces::Leave(Unrepeatable::Object);
+        belongsToOuter = false;
+    }
     if (!belongsToOuter) Reads().resize(mFirst);
 }
 
-void Recording::NoteRead(std::uint32_t input) {
+void Recording::NoteRead(const RuleRecord& record, std::uint32_t input) {
     ++sReadsNoted;
+    if (!sCurrent->mRecord) return;
+    if (&record != sCurrent->mRecord) return Traces::Leave(Unrepeatable::Object);
     std::vector<std::uint32_t>& reads = Reads();
     const auto first = reads.begin() + static_cast<std::ptrdiff_t>(sCurrent->mFirst);
     const auto recent = reads.end() - std::min(kRemembered, reads.end() - first);

@@ -33,8 +33,9 @@ public:
     /// How often anything has been noted as read.
     static std::uint64_t ReadsNoted() noexcept { return sReadsNoted; }
     static bool IsUnderWay() noexcept { return sCurrent != nullptr; }
+    /// An input of @p record is read. Another tree's rules cannot be told of its changes: to them that is a trace.
     /// @pre a recording is under way
-    static void NoteRead(std::uint32_t input);
+    static void NoteRead(const RuleRecord& record, std::uint32_t input);
     /// The rule that runs fails, or something that it asked for.
     static void NoteFailure() noexcept {
         if (sCurrent) sCurrent->mHasFailed = true;
@@ -48,6 +49,7 @@ private:
     static inline std::uint64_t sReadsNoted = 0;
 
     RuleTrace* mTrace = nullptr;
+    const RuleRecord* mRecord;  // whose inputs are read
     Recording* mOuter;
     std::size_t mFirst;  // of its reads among all that are under way
     std::uint64_t mTraces;

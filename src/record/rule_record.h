@@ -32,10 +32,12 @@
 namespace ov {
 
 struct Locale;
+class RuleRecord;
 
 /// The steps of the parameters of one group, or the groups of one channel: those of a pass over the rules, and those of
 /// the check behind the last pass.
 struct Workload {
+    const RuleRecord* record;  ///< of the tree
     WorkSet pass, check;
     std::uint64_t epoch = 0;      ///< the record's when the sets were made; 0 before
     std::uint32_t numbering = 0;  ///< changes when positions are given anew: who had one before may be out of the list
@@ -96,7 +98,7 @@ public:
     RuleRecord(const RuleRecord&) = delete;
     RuleRecord& operator=(const RuleRecord&) = delete;
 
-    Workload& NewWorkload() { return mWorkloads.emplace_back(); }
+    Workload& NewWorkload() { return mWorkloads.emplace_back(this); }
     /// Numbers from 1 on.
     std::uint32_t NewInput(IDispatch* parameter);
     std::uint32_t NewNotes(IDispatch* parameter);

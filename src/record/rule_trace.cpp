@@ -22,6 +22,7 @@ void RuleTrace::Leave() noexcept {
 }
 
 void RuleTrace::StandAt(Workload* work, std::size_t position) noexcept {
+    if (work && work->record != mRecord) return;
     mWork = work;
     mPosition = static_cast<std::uint32_t>(position);
     mNumbering = work ? work->numbering : 0;
@@ -32,9 +33,10 @@ void RuleTrace::StandAt(Workload* work, std::size_t position) noexcept {
 }
 
 void RuleTrace::NoteRead() {
-    if (!mRecord || !Recording::IsUnderWay()) return;
+    if (!Recording::IsUnderWay()) return;
+    if (!mRecord) return Traces::Leave(Unrepeatable::Object);  // it has left its tree, or never had one
     if (!mInput) mInput = mRecord->NewInput(mParameter);
-    Recording::NoteRead(mInput);
+    Recording::NoteRead(*mRecord, mInput);
 }
 
 void RuleTrace::NoteChange() noexcept {

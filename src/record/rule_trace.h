@@ -20,7 +20,8 @@ public:
     void Enter(RuleRecord* record, IDispatch* parameter) noexcept;
     /// Leaves it: nothing is noted from now on.
     void Leave() noexcept;
-    /// The parameter's steps stand at @p position of @p work.
+    /// The parameter's steps stand at @p position of @p work. Those of another tree's parameter, which a host has put
+    /// into this one's list, stand nowhere here, and are always to do.
     void StandAt(Workload* work, std::size_t position) noexcept;
 
     /// The value or the state of the parameter is read, by a rule perhaps.

@@ -211,7 +211,7 @@ void Channel::SweepGroups(WorkSet Workload::*set, Visit visit) {
         if (!group) return;
         visit(*group);
         const Workload* work = group->Work();
-        if (!mSwept || (work && (work->*set).HasWork())) return;
+        if (!mSwept || !group->StandsBelow(mSwept->Work(), position) || (work && (work->*set).HasWork())) return;
         const std::uint64_t evaluations = work ? (work->*set).Evaluations() : 0;
         (mSwept->Work().*set).SetDone(position, static_cast<std::uint32_t>(evaluations));
     });

@@ -91,6 +91,10 @@ public:
     const Workload* Work() const noexcept { return mSwept ? &mSwept->Work() : nullptr; }
     /// The group stands at @p position of the channel's work.
     void StandBelow(Workload& channel, std::size_t position) noexcept;
+    /// Whether that is where it stands: a host may have put the group into other lists as well.
+    bool StandsBelow(const Workload& channel, std::size_t position) const noexcept {
+        return mChannelWork == &channel && mChannelPosition == position;
+    }
 
     // IBase_GuiGroup
     Text name() override;

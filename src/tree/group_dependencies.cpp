@@ -129,11 +129,12 @@ void Group::NoteChange(IBase_Internal& parameter) {
 }
 
 // Leaves the cursor on the row in force. Rows are tried in ring order from behind the current one; where none holds,
-// the cursor is back where it began.
+// the cursor is back where it began. A rule that writes may turn the ring each time it is asked: then one round ends it.
 bool Group::FindActiveDependency(RuledParameter& parameter, bool checkCurrent) {
     if (checkCurrent && Holds(parameter, parameter.Rule(), kNoId)) return true;
     const std::int32_t start = parameter.Index();
-    for (parameter.NextRow(); parameter.Index() != start; parameter.NextRow()) {
+    std::size_t left = ParamDependency::kCapacity;
+    for (parameter.NextRow(); parameter.Index() != start && left != 0; parameter.NextRow(), --left) {
         const Text rule = parameter.Rule();
         if (rule.empty() || Holds(parameter, rule, kNoId)) return true;
     }
@@ -141,6 +142,7 @@ bool Group::FindActiveDependency(RuledParameter& parameter, bool checkCurrent) {
 }
 
 void Group::StandBelow(Workload& channel, std::size_t position) noexcept {
+    if (channel.record != mRecord.get()) return;  // a group of another tree
     mChannelWork = &channel;
     mChannelPosition = position;
     if (mSwept) mSwept->Work().StandBelow(mChannelWork, mChannelPosition);

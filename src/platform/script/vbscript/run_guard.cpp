@@ -22,6 +22,8 @@ RunGuard::RunGuard(std::int32_t timeout) {
         mMemory.emplace(kMaxMemory);
     } else if (sDepth >= kMaxNestedRuns || static_cast<std::size_t>(sStackStart - here) > kMaxNativeStack) {
         Raise(ErrorNumber::OutOfStackSpace);
+    } else {
+        CheckTime();  // runs within runs may each be too short to ask, and yet never end
     }
     ++sDepth;
     mDeadline.emplace(timeout);

@@ -25,6 +25,7 @@ class RunGuard {
 public:
     /// @param timeout milliseconds, 0 for no bound of this run's own
     /// @throws RuntimeError 28 where runs nest too deep
+    /// @throws ScriptTimeout where the time of the run around it is over
     explicit RunGuard(std::int32_t timeout);
     ~RunGuard();
     RunGuard(const RunGuard&) = delete;

@@ -17,8 +17,9 @@ FLOORS["parameters"] = FLOORS["descriptor"] + ["descriptor"]
 FLOORS["scripting"] = FLOORS["descriptor"] + ["descriptor"]
 FLOORS["tree"] = FLOORS["parameters"] + ["parameters", "scripting"]
 FLOORS["module"] = FLOORS["tree"] + ["tree"]
-# The tool stands on the module; values and names it has from the headers that hosts have too.
-TOOL = ["ovmodel", "module", "contract", "platform/script", "platform/automation", "platform/locale"]
+# The tool stands on the module; values and names it has from the headers that hosts have too, files it reads and writes
+# as the library does.
+TOOL = ["ovmodel", "module", "contract", "platform/script", "platform/automation", "platform/locale", "platform/system"]
 
 INCLUDE = re.compile(r'^#include "([^"]+)"', re.MULTILINE)
 

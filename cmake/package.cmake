@@ -15,4 +15,5 @@ set(CPACK_DEBIAN_PACKAGE_SECTION libdevel)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 # What a host's compiler and Python need beside it.
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "libicu-dev, python3")
+set(CPACK_DEBIAN_PACKAGE_SUGGESTS graphviz)
 include(CPack)

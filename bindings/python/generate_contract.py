@@ -16,7 +16,7 @@ HERE = pathlib.Path(__file__).resolve().parent
 SOURCE = HERE.parent.parent / "src"
 TARGET = HERE / "ov_model" / "contract.py"
 HEADERS = ["module", "station", "channel", "block", "group", "parameter", "internal", "callbacks", "environment",
-           "scripting"]
+           "scripting", "explain"]
 FILES = [SOURCE / "contract" / f"{name}.h" for name in HEADERS] + [SOURCE / "platform/automation/collection.h"]
 WIDTH = 120
 

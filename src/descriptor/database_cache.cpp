@@ -10,6 +10,7 @@
 #include "platform/locale/locale.h"
 #include "platform/system/file_system.h"
 #include "platform/system/folders.h"
+#include "platform/system/private_copy.h"
 #include "platform/system/registry.h"
 #include "support/diagnostics.h"
 
@@ -24,7 +25,7 @@ struct Caches {
     TextMap<Ref<Database>> databases;             // by path as given
     TextMap<TextMap<Ref<Recordset>>> recordsets;  // by name of the database, then of the table
     TextMap<Text> tempCopies;                     // path of the copy by path of the file
-    Text tempCopyFolder;
+    Text tempCopyBase;
 };
 
 // Lives to the end of the process and beyond the order in which its statics end.
@@ -33,23 +34,16 @@ Caches& Global() {
     return caches;
 }
 
-void CreateFolderIfAbsent(const Text& folder) {
-    try {
-        file_system::CreateFolder(folder);
-    } catch (const RuntimeError&) {
-        // A folder that cannot be made shows when the copy cannot be written.
-    }
-}
-
-const Text& TempCopyFolder() {
-    Text& folder = Global().tempCopyFolder;
+// Where the folders of the copies lie.
+const Text& TempCopyBase() {
+    Text& folder = Global().tempCopyBase;
     if (folder.empty()) {
         folder = ReadMachineRegistryString(kShellFolders, u"Common AppData", u"");
         if (folder.empty()) folder = CacheFolder();
-        CreateFolderIfAbsent(folder);
-        for (const char16_t* name : {u"Orvane", u"TempFileCopy"}) {
-            folder = file_system::BuildPath(folder, name);
-            CreateFolderIfAbsent(folder);
+        try {
+            file_system::CreateFolder(folder);
+        } catch (const RuntimeError&) {
+            // A folder that cannot be made shows when the copy cannot be written.
         }
     }
     return folder;
@@ -129,12 +123,13 @@ Text GetTempFileCopy(const Text& path) {
     if (const auto known = copies.find(path); known != copies.end()) return known->second;
     try {
         if (!file_system::FileExists(path)) return Text();
-        const Text copy = file_system::BuildPath(TempCopyFolder(), CopyName(path));
+        const Text folder = file_system::BuildPath(TempCopyBase(), Text::FromAscii(kOwnFolder));
+        const Text copy =
+            file_system::BuildPath(file_system::BuildPath(folder, Text::FromAscii(kCopyFolder)), CopyName(path));
         // Known before it is copied: a copy that fails is not tried again, and the next open meets what is there.
         copies.emplace(path, copy);
-        if (file_system::DateLastModified(copy) != file_system::DateLastModified(path)) {
-            file_system::CopyFile(path, copy, true);
-        }
+        KeepPrivateCopy(file_system::NativePath(TempCopyBase()), CopyName(path).ToUtf8(),
+                        file_system::NativePath(path));
         return copy;
     } catch (const RuntimeError&) {
         return Text();

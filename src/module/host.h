@@ -10,6 +10,7 @@
 #include "platform/store/jet/conversion.h"
 #include "platform/store/store.h"
 #include "platform/store/table_facts.h"
+#include "record/rule_counts.h"
 #include "scripting/rule_failures.h"
 
 namespace ov {

@@ -3,8 +3,8 @@
 
 #include <array>
 
+#include "descriptor/named_file.h"
 #include "descriptor/row_collection.h"
-#include "descriptor/text_file.h"
 #include "platform/automation/conversions.h"
 #include "platform/automation/operators.h"
 #include "platform/locale/locale.h"
@@ -176,6 +176,7 @@ bool Module::LoadModuleType() {
     try {
         mModuleType = ToText(mDesc->Get(u"moduletype"));
         mModuleTypeIdx = ToLong(mDesc->Get(u"IDX"));
+        mRecord->CountIn(CountsForTree(mSourcePath, mModuleType));
         mFdtInfo.deviceTypeId = NumberOf(*mDesc, u"FDTdeviceTypeId");
         mFdtInfo.subDeviceType = TextOf(*mDesc, u"FDTsubDeviceType");
         mFdtInfo.classificationId = ClassificationOf(mDesc->Get(u"FDTclassificationId"));
@@ -210,7 +211,7 @@ void Module::ReadDeviceTypeInformation() {
             const Text own = database->Name();
             path = Concatenate(own.view().substr(0, own.view().find_last_of(u"\\/") + 1), path);
         }
-        information = LoadStringFromFile(path);
+        information = LoadStringFromFile(path, GetDBPath());
     }
     mFdtInfo.deviceTypeInformation = information;
 }

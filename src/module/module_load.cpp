@@ -4,6 +4,7 @@
 #include "module/unload_pointer.h"
 
 #include "descriptor/database_cache.h"
+#include "descriptor/named_file.h"
 #include "descriptor/row_collection.h"
 #include "descriptor/shared_descriptor.h"
 #include "platform/automation/conversions.h"
@@ -214,7 +215,7 @@ bool Module::TakeType(Recordset& types, const Text& moduletype, const Text& modu
     mNameTextIdx = mName.empty() ? ToLong(NullToDefault(mDesc->Get(u"defaultName"), Variant(0))) : 0;
     mMainValuePath = ToText(NullToDefault(mDesc->Get(u"mainValue"), Variant(u"")));
     mImage = ToText(NullToDefault(mDesc->Get(u"ModuleImage"), Variant(u"")));
-    if (!mImage.empty()) mImage = file_system::BuildPath(GetDBPath(), mImage);
+    if (!mImage.empty()) mImage = PermittedFile(file_system::BuildPath(GetDBPath(), mImage), GetDBPath());
     return LoadModuleType();
 }
 

@@ -3,6 +3,7 @@
 
 #include <array>
 
+#include "descriptor/named_file.h"
 #include "descriptor/shared_descriptor.h"
 #include "platform/automation/conversions.h"
 #include "platform/system/file_system.h"
@@ -126,7 +127,7 @@ Text Module::GetIndexedFile(std::int32_t index) {
     Text file;
     try {
         file = GetTranslatedFile(index);
-        if (!file.empty()) file = file_system::BuildPath(GetDBPath(), file);
+        if (!file.empty()) file = PermittedFile(file_system::BuildPath(GetDBPath(), file), GetDBPath());
     } catch (const RuntimeError&) {
         // The text so far is the answer.
     }

@@ -1,5 +1,6 @@
 #include "parameters/icon.h"
 
+#include "descriptor/named_file.h"
 #include "platform/system/file_system.h"
 
 namespace ov {
@@ -10,7 +11,7 @@ bool IsIconFormat(const Text& displayFormat) noexcept {
 
 Text IconPath(ModuleServices* module, const Text& name) {
     const Text folder = module ? file_system::GetParentFolderName(module->GetSourcePath()) : Text();
-    return file_system::BuildPath(folder, name);
+    return PermittedFile(file_system::BuildPath(folder, name), folder);
 }
 
 }  // namespace ov

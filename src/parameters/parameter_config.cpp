@@ -27,6 +27,7 @@ bool Parameter::TakeRow(const Ref<ParameterOwner>& owner, const Ref<Collection>&
     mTrace.NoteReconfiguration();
     mGroupEvents = facet<IBase_CallbackParameter>(owner).get();
     mDBindex = ToLong(Cell(RowCell::Idx));
+    mTrace.TakeRow(mDBindex);
     if (mLoadState == LoadState::NeverConfigured)
         mId = Cell(RowCell::ParameterId);  // log lines of all that follows name it
     ReadType();

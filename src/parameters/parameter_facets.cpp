@@ -3,9 +3,11 @@
 #include <cstdint>
 
 #include "contract/module.h"
+#include "descriptor/named_file.h"
 #include "parameters/memory_map.h"
 #include "parameters/parameter.h"
 #include "platform/automation/conversions.h"
+#include "platform/system/file_system.h"
 #include "support/diagnostics.h"
 
 namespace ov {
@@ -43,7 +45,9 @@ Text Parameter::TranslatedText(const char16_t* column) const {
 
 Text Parameter::html() {
     const Ref<ModuleServices> module = Module();
-    return module ? module->GetTranslatedFile(ToLong(CellOr(u"html", 0))) : Text();
+    if (!module) return Text();
+    const Text name = module->GetTranslatedFile(ToLong(CellOr(u"html", 0)));
+    return PermittedName(name, file_system::GetParentFolderName(module->GetSourcePath()));
 }
 
 Text Parameter::unit() {

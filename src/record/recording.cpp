@@ -22,13 +22,19 @@ constexpr std::size_t kMostReads = 0xFFFF;
 
 }  // namespace
 
-Recording::Recording(RuleTrace& trace, RuleColumn column, std::uint8_t alternative) noexcept : Recording() {
+Recording::Recording(RuleTrace& trace, RuleColumn column) noexcept : Recording() {
     if (trace.mRecord) {
         mTrace = &trace;
         mRecord = trace.mRecord;
     }
     mColumn = column;
+    mRow = trace.mRow;
+}
+
+Recording::Recording(RuleTrace& trace, std::uint8_t alternative, std::int32_t row) noexcept
+    : Recording(trace, RuleColumn::Dependency) {
     mAlternative = alternative;
+    mRow = row;
 }
 
 Recording::Recording() noexcept
@@ -81,6 +87,7 @@ void Recording::Commit() {
         record.NotesOf(trace.mNotes).work = trace.Work();
         record.NotesOf(trace.mNotes).position = trace.mPosition;
     }
+    if (RuleCounts* const counts = record.Counts()) counts->NoteRun({mRow, mColumn}, mResult, mHasFailed);
     RuleNote& note = NoteOf(record.NotesOf(trace.mNotes));
     note.result = std::move(mResult);
     note.why = Traces::Count() == mTraces ? Unrepeatable::No : Traces::Last();

@@ -13,8 +13,10 @@ namespace ov {
 /// that saw no evaluation leaves no note: the text was no rule.
 class Recording {
 public:
-    /// @p alternative tells the entries of a ring apart; it is 0 for all else.
-    Recording(RuleTrace& trace, RuleColumn column, std::uint8_t alternative = 0) noexcept;
+    /// A rule of the row in force.
+    Recording(RuleTrace& trace, RuleColumn column) noexcept;
+    /// The rule `dependency` of an entry of the ring: its number, and the key of its row.
+    Recording(RuleTrace& trace, std::uint8_t alternative, std::int32_t row) noexcept;
     ~Recording();
     Recording(const Recording&) = delete;
     Recording& operator=(const Recording&) = delete;
@@ -32,6 +34,10 @@ public:
     /// An input of @p record is read. Another tree's rules cannot be told of its changes: to them that is a trace.
     /// @pre a recording is under way
     static void NoteRead(const RuleRecord& record, std::uint32_t input);
+    /// The rule that runs fails, or something that it asked for.
+    static void NoteFailure() noexcept {
+        if (sCurrent) sCurrent->mHasFailed = true;
+    }
 
 private:
     friend class ValueOnTrial;
@@ -52,6 +58,8 @@ private:
     std::int32_t mEvaluations;
     RuleColumn mColumn{};
     std::uint8_t mAlternative = 0;
+    bool mHasFailed = false;
+    std::int32_t mRow = 0;
     Variant mResult;
 };
 

@@ -1,18 +1,10 @@
 #include "record/rule_record.h"
 
 #include <algorithm>
-#include <array>
 
 #include "platform/locale/locale.h"
 
 namespace ov {
-
-std::u16string_view ColumnName(RuleColumn column) noexcept {
-    static constexpr std::array<std::u16string_view, 9> kNames = {u"dependency", u"realGain",      u"realOffset",
-                                                                  u"Min",        u"Max",           u"consistency",
-                                                                  u"unit",       u"displayFormat", u"DefaultValue"};
-    return kNames[static_cast<std::size_t>(column)];
-}
 
 std::uint32_t RuleRecord::NewInput(IDispatch* parameter) {
     mInputs.emplace_back().parameter = parameter;

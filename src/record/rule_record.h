@@ -26,28 +26,13 @@
 #include "platform/automation/dispatch.h"
 #include "platform/automation/text.h"
 #include "platform/automation/unrepeatable.h"
+#include "record/rule_counts.h"
 #include "record/work_set.h"
 
 namespace ov {
 
 struct Locale;
 class RuleRecord;
-
-/// The columns of a row whose text can be a rule that runs again.
-enum class RuleColumn : std::uint8_t {
-    Dependency,
-    RealGain,
-    RealOffset,
-    Min,
-    Max,
-    Consistency,
-    Unit,
-    DisplayFormat,
-    DefaultValue,
-};
-
-/// The column's name in the table.
-std::u16string_view ColumnName(RuleColumn column) noexcept;
 
 /// The steps of the parameters of one group, or the groups of one channel: those of a pass over the rules, and those of
 /// the check behind the last pass.
@@ -147,6 +132,10 @@ public:
     };
     Refusal refusal;
 
+    /// What its rules are counted in; Nothing where nobody wants to know.
+    RuleCounts* Counts() const noexcept { return mCounts.get(); }
+    void CountIn(std::shared_ptr<RuleCounts> counts) noexcept { mCounts = std::move(counts); }
+
     /// How many steps sweeps have left out so far, of parameters and of whole groups.
     std::uint64_t StepsLeftOut() const noexcept { return mStepsLeftOut; }
     void NoteLeftOut(std::size_t steps) noexcept { mStepsLeftOut += steps; }
@@ -172,6 +161,7 @@ private:
     std::deque<Input> mInputs;
     std::deque<RuleNotes> mNotes;
     std::unordered_map<Text, std::uint32_t, HashOfKey, SameKey> mVariables;
+    std::shared_ptr<RuleCounts> mCounts;
     std::uint64_t mEpoch = 1;
     const Locale* mLocale = nullptr;  // of the epoch
     std::uint64_t mStepsLeftOut = 0;

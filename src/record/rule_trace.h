@@ -56,6 +56,8 @@ public:
     std::uint32_t InputNumber() const noexcept { return mInput; }
     /// Drops what is known of the rules of a row that is gone. The ring's rules stay.
     void ForgetRow();
+    /// The rules that run now are those of the row with this key.
+    void TakeRow(std::int32_t row) noexcept { mRow = row; }
 
 private:
     friend class Recording;
@@ -67,6 +69,7 @@ private:
     std::uint32_t mInput = 0;
     std::uint32_t mNotes = 0;
     std::uint32_t mNumbering = 0;  // of the position
+    std::int32_t mRow = 0;         // key of the row in force
     bool mIsOpen = false;
 };
 

@@ -1,5 +1,7 @@
 #include "scripting/rule_failures.h"
 
+#include "record/recording.h"
+
 namespace ov {
 
 namespace {
@@ -16,6 +18,7 @@ void ListenToRuleFailures(RuleFailureListener listener) {
 }
 
 void TellRuleFailure(const RuleFailure& failure) {
+    Recording::NoteFailure();
     if (Listener()) Listener()(failure);
 }
 

@@ -10,9 +10,11 @@
 #include "platform/locale/locale.h"
 #include "platform/store/statement_timeout.h"
 #include "platform/system/clock.h"
+#include "platform/system/confinement.h"
 #include "platform/system/debug_output.h"
 #include "platform/system/file_system.h"
 #include "platform/system/folders.h"
+#include "platform/system/log_file.h"
 #include "platform/system/registry.h"
 
 namespace ov {
@@ -20,6 +22,7 @@ namespace ov {
 namespace {
 
 constexpr const char16_t* kControlsKey = u"SOFTWARE\\Orvane\\Controls";
+constexpr std::uint64_t kMostLog = std::uint64_t{64} << 20;  // as much again lies in the older file
 constexpr const char16_t* kDtmKey = u"SOFTWARE\\Halvorn\\DTM";
 
 bool IsSwitchedOn(const char16_t* key, const char16_t* name) {
@@ -46,6 +49,7 @@ void SetSwitches(Diagnostics& diagnostics, DebugMode mode) {
         fromRegistry ? IsSwitchedOn(kControlsKey, u"DebugFile") : mode == DebugMode::OutputAndFile;
     diagnostics.timing = IsSwitchedOn(kControlsKey, u"Timing");
     diagnostics.fullSweep = IsSwitchedOn(kControlsKey, u"FullSweep");
+    if (IsSwitchedOn(kControlsKey, u"ConfineFiles")) ConfineFiles();
     SetStatementTimeout(NumberOr(kControlsKey, u"StatementTimeout", kUsualStatementTimeout));
     diagnostics.scriptTimeout = NumberOr(kControlsKey, u"ScriptTimeout", Diagnostics().scriptTimeout);
     diagnostics.maxPasses = NumberOr(kControlsKey, u"MaxPasses", Diagnostics().maxPasses);
@@ -68,7 +72,8 @@ Text TimeStamp() {
 }
 
 void WriteToFile(const Text& prefix, const Text& text) {
-    AppendToFile(file_system::BuildPath(LogFolder(), u"dtm.log"), TimeStamp() + prefix + text, true);
+    const Text path = file_system::BuildPath(LogFolder(), u"dtm.log");
+    AppendToLog(file_system::NativePath(path), (TimeStamp() + prefix + text).ToUtf8() + '\n', kMostLog);
 }
 
 void WriteToOutput(const Text& prefix, std::u16string_view text) {

@@ -23,6 +23,11 @@ public:
 
     RuleTrace& Trace() noexcept { return mOwn ? mOwn->Trace() : mNoTrace; }
     std::uint8_t Alternative() noexcept { return mOwn ? mOwn->Alternative() : 0; }
+    /// The parameter has the current row, and its rule holds.
+    void NoteInForce() {
+        RuleRecord* const record = Trace().Record();
+        if (record && record->Counts()) record->Counts()->NoteInForce(Index());
+    }
     std::int32_t Index() { return IsAlone() ? mOwn->CurrentRow().index : Ring().get_idx(); }
     Text Rule() { return IsAlone() ? mOwn->CurrentRow().rule : Ring().get_dep(); }
     bool GoesAway() { return IsAlone() ? mOwn->CurrentRow().goesAway : Ring().get_removeOnDep() == u"True"; }
@@ -92,16 +97,18 @@ void Group::RunRules(RuledParameter& parameter, bool& any) {
     if (self.get_configState() == eParameterConfigState::eParameterValid) {
         const Text rule = parameter.Rule();
         if (!rule.empty() && !Holds(parameter, rule, self.id())) return GiveWay(parameter, any);
+        parameter.NoteInForce();
         if (ToBoolean(self.CheckNeedForReConfig())) Reconfigure(parameter, any);
     } else if (FindActiveDependency(parameter, true)) {
         if (self.DBindex() != parameter.Index()) Reconfigure(parameter, any);
         NoteChange(self);
+        parameter.NoteInForce();
         self.let_configState(eParameterConfigState::eParameterValid);
     }
 }
 
 bool Group::Holds(RuledParameter& parameter, const Text& rule, const Variant& id) {
-    Recording recording(parameter.Trace(), RuleColumn::Dependency, parameter.Alternative());
+    Recording recording(parameter.Trace(), parameter.Alternative(), parameter.Index());
     return recording.Keep(GetBoolFromScript(rule, id));
 }
 
@@ -110,7 +117,10 @@ void Group::GiveWay(RuledParameter& parameter, bool& any) {
     IBase_Internal& self = parameter.self;
     if (self.get_scriptAccess()) any = true;
     NoteChange(self);
-    if (FindActiveDependency(parameter, false)) return parameter.TakeRow(this);
+    if (FindActiveDependency(parameter, false)) {
+        parameter.NoteInForce();
+        return parameter.TakeRow(this);
+    }
     self.let_configState(parameter.GoesAway() ? eParameterConfigState::eParameterInvalid
                                               : eParameterConfigState::eParameterDisabled);
 }
@@ -131,7 +141,8 @@ void Group::NoteChange(IBase_Internal& parameter) {
 }
 
 // Leaves the cursor on the row in force. Rows are tried in ring order from behind the current one; where none holds,
-// the cursor is back where it began. A rule that writes may turn the ring each time it is asked: then one round ends it.
+// the cursor is back where it began. A rule that writes may turn the ring each time it is asked: then one round ends
+// it.
 bool Group::FindActiveDependency(RuledParameter& parameter, bool checkCurrent) {
     if (checkCurrent && Holds(parameter, parameter.Rule(), kNoId)) return true;
     const std::int32_t start = parameter.Index();

@@ -106,7 +106,13 @@ TEST_F(JetSample, ConversionTellsWhatItLeavesOutAndWritesNothingElse) {
     const Outcome again = convert("");
     EXPECT_NE(again.status, 0);
     EXPECT_THAT(again.text, HasSubstr("--force"));
-    EXPECT_EQ(convert(" --force").status, 1);
+    std::ofstream(target) << "former";
+    const Outcome lossy = convert(" --force");
+    EXPECT_EQ(lossy.status, 1);
+    EXPECT_THAT(lossy.text, HasSubstr("is not replaced, since something is left out; --lossy replaces it\n"));
+    EXPECT_EQ(fs::file_size(target), 6u);
+    EXPECT_EQ(convert(" --force --lossy").status, 1);
+    EXPECT_EQ(RunTool("tables " + target).text, "T: 1 rows\n  a  Long  key 1\n");
 }
 
 }  // namespace

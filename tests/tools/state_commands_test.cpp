@@ -119,7 +119,8 @@ TEST_F(StateCommands, SayWhatHasNoPlace) {
         EXPECT_THAT(failure.text, AllOf(MatchesRegex("ovmodel: [^\n]*\n"), HasSubstr(expected))) << path;
         EXPECT_EQ(Run("set", "1/1/9=1 --load " + path).status, 1) << path;
     }
-    EXPECT_EQ(Run("save", "-o /no/such/folder/x.json").text, "ovmodel: cannot write '/no/such/folder/x.json'\n");
+    EXPECT_EQ(Run("save", "-o /no/such/folder/x.json").text,
+              "ovmodel: cannot write '/no/such/folder/x.json': No such file or directory\n");
 }
 
 }  // namespace

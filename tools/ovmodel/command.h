@@ -29,6 +29,7 @@ void AddTreeCommand(CLI::App& app);
 void AddGetCommand(CLI::App& app);
 void AddSetCommand(CLI::App& app);
 void AddExplainCommand(CLI::App& app, int& status);
+void AddGraphCommand(CLI::App& app);
 void AddSaveCommand(CLI::App& app);
 void AddLoadCommand(CLI::App& app);
 void AddCompareCommand(CLI::App& app, int& status);
@@ -72,7 +73,10 @@ std::string ImageAsHex(ov::Module& module, const std::string& mapPath);
 /// Writes JSON, indented.
 void Print(const Json& json);
 
-/// Writes rows in columns as wide as their texts.
+/// Rows in columns as wide as their texts.
+std::string TableText(const std::vector<std::vector<std::string>>& rows);
+
+/// Writes them.
 void PrintTable(const std::vector<std::vector<std::string>>& rows);
 
 }  // namespace ovmodel

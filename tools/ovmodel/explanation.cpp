@@ -2,9 +2,6 @@
 
 #include <iostream>
 
-#include "contract/explain.h"
-#include "platform/automation/collection.h"
-
 namespace ovmodel {
 
 namespace {
@@ -12,22 +9,6 @@ namespace {
 using ov::Ref;
 
 constexpr std::size_t kPlaceColumn = 44;  // where a line says to what it belongs
-
-template <class Element>
-std::vector<Ref<Element>> ListOf(const Ref<ov::ICollection>& list) {
-    std::vector<Ref<Element>> elements;
-    const Ref<ov::IEnumVariant> walk = list->NewEnum();
-    for (ov::Variant item; walk->Next(item);) {
-        elements.push_back(ov::facet<Element>(item.AsObject()));
-    }
-    return elements;
-}
-
-Ref<ov::IExplain_Parameter> Explained(ov::IBase_GuiParameter& parameter) {
-    Ref<ov::IExplain_Parameter> explained = ov::facet<ov::IExplain_Parameter>(&parameter);
-    if (!explained) throw Failure(PathOf(parameter) + " is no parameter of the descriptor");
-    return explained;
-}
 
 std::string Padded(std::string text, std::size_t width) {
     std::size_t characters = 0;
@@ -118,6 +99,12 @@ void PrintReaders(ov::IExplain_Parameter& explained) {
 }
 
 }  // namespace
+
+Ref<ov::IExplain_Parameter> Explained(ov::IBase_GuiParameter& parameter) {
+    Ref<ov::IExplain_Parameter> explained = ov::facet<ov::IExplain_Parameter>(&parameter);
+    if (!explained) throw Failure(PathOf(parameter) + " is no parameter of the descriptor");
+    return explained;
+}
 
 void PrintExplanation(ov::IBase_GuiParameter& parameter) {
     const Ref<ov::IExplain_Parameter> explained = Explained(parameter);

@@ -3,10 +3,27 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
+#include "contract/explain.h"
 #include "ovmodel/parameter_path.h"
+#include "platform/automation/collection.h"
 
 namespace ovmodel {
+
+/// What @p parameter answers to "why". @throws Failure for one that a host has put into the tree
+ov::Ref<ov::IExplain_Parameter> Explained(ov::IBase_GuiParameter& parameter);
+
+/// The elements of a list that it answers.
+template <class Element>
+std::vector<ov::Ref<Element>> ListOf(const ov::Ref<ov::ICollection>& list) {
+    std::vector<ov::Ref<Element>> elements;
+    const ov::Ref<ov::IEnumVariant> walk = list->NewEnum();
+    for (ov::Variant item; walk->Next(item);) {
+        elements.push_back(ov::facet<Element>(item.AsObject()));
+    }
+    return elements;
+}
 
 /// Writes what the rules of @p parameter say, what they read, what would put it in force, and who reads it.
 void PrintExplanation(ov::IBase_GuiParameter& parameter);

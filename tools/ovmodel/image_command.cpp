@@ -1,23 +1,24 @@
 // ovmodel image DB TYPE MAP.csv
 #include <algorithm>
 #include <cctype>
-#include <fstream>
 #include <memory>
 #include <span>
-#include <sstream>
 #include <string_view>
 
 #include "contract/parameter.h"
 #include "ovmodel/command.h"
 #include "ovmodel/image_map.h"
+#include "ovmodel/input_file.h"
+#include "ovmodel/output_file.h"
 #include "ovmodel/parameter_path.h"
-#include "ovmodel/unfinished_file.h"
 
 namespace ovmodel {
 
 using ov::Ref;
 
 namespace {
+
+constexpr std::uint64_t kMostImage = 64 * kMebibyte;
 
 struct Options {
     std::string database, type, map, output, import;
@@ -61,11 +62,7 @@ std::string HexOf(std::span<const std::uint8_t> bytes, const char* between = "")
 }
 
 std::vector<std::uint8_t> ReadBytes(const std::string& path, bool asHex) {
-    std::ifstream file(path, std::ios::binary);
-    if (!file) throw Failure("cannot read '" + path + "'");
-    std::ostringstream stream;
-    stream << file.rdbuf();
-    const std::string content = stream.str();
+    const std::string content = ReadInput(path, kMostImage);
     if (!asHex) return {content.begin(), content.end()};
     std::string digits;
     for (const char c : content) {
@@ -82,17 +79,7 @@ std::vector<std::uint8_t> ReadBytes(const std::string& path, bool asHex) {
 }
 
 void WriteBytes(const std::string& path, const std::vector<std::uint8_t>& bytes, bool asHex) {
-    UnfinishedFile file(path, true);
-    {
-        std::ofstream stream(file.path(), std::ios::binary);
-        if (asHex) {
-            stream << HexOf(bytes) << "\n";
-        } else {
-            stream.write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
-        }
-        if (!stream.flush()) throw Failure("cannot write '" + path + "'");
-    }
-    file.Finish();
+    WriteWhole(path, asHex ? HexOf(bytes) + "\n" : std::string(bytes.begin(), bytes.end()));
 }
 
 // Moves each field by @p move, which answers whether it was done.

@@ -2,12 +2,13 @@
 
 #include <algorithm>
 #include <charconv>
-#include <fstream>
 #include <map>
 #include <optional>
+#include <sstream>
 #include <string_view>
 
 #include "ovmodel/command.h"
+#include "ovmodel/input_file.h"
 
 namespace ovmodel {
 
@@ -16,6 +17,7 @@ namespace {
 constexpr std::int64_t kByte = 8;
 constexpr std::int32_t kMostBytes = 1 << 20;
 constexpr std::size_t kColumns = 5;
+constexpr std::uint64_t kMostText = 16 * kMebibyte;
 
 std::string Trimmed(std::string_view text) {
     constexpr std::string_view kBlanks = " \t\r";
@@ -90,8 +92,7 @@ std::vector<std::int64_t> MapField::Bits() const {
 }
 
 std::vector<MapField> ReadImageMap(const std::string& path) {
-    std::ifstream file(path);
-    if (!file) throw Failure("cannot read '" + path + "'");
+    std::istringstream file(ReadInput(path, kMostText));
     std::vector<MapField> map;
     std::string faults, text;
     bool titlesRead = false;

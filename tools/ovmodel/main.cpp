@@ -1,18 +1,24 @@
 // The command-line tool of OV_Model.
+#include <signal.h>
+
 #include <algorithm>
 #include <iostream>
 #include <memory>
 
 #include "module/host.h"
 #include "ovmodel/command.h"
+#include "ovmodel/coverage/rule_coverage.h"
+#include "ovmodel/output_file.h"
 #include "ovmodel/run_command.h"
 #include "platform/locale/locale.h"
+#include "platform/system/confinement.h"
 
 namespace {
 
 void AddGlobalOptions(CLI::App& app) {
     app.add_flag_callback(
         "--debug", [] { ov::SwitchDebugOutputOn(); }, "Write the diagnostics log to standard error");
+    app.add_flag_callback("--confined", ov::ConfineFiles, "Descriptors reach no files outside of their folders");
     app.add_option_function<std::string>(
            "--locale",
            [](const std::string& name) {
@@ -26,6 +32,7 @@ void AddGlobalOptions(CLI::App& app) {
 void AddRunCommand(CLI::App& app, const std::vector<std::string>& arguments, int& status) {
     struct Options {
         std::string script;
+        std::string coverage;
         int timeout = 0;
         bool compileOnly = false;
         bool dump = false;
@@ -38,8 +45,10 @@ void AddRunCommand(CLI::App& app, const std::vector<std::string>& arguments, int
     command->add_option("SCRIPT", options->script, "Script file; what follows it is the script's own")->required();
     CLI::Option* compileOnly = command->add_flag("--compile-only", options->compileOnly,
                                                  "Compile the script, and the files behind it, and run nothing");
-    command->add_flag("--dump", options->dump, "Show what the script is compiled to, and run nothing")
-        ->excludes(compileOnly);
+    CLI::Option* dump =
+        command->add_flag("--dump", options->dump, "Show what the script is compiled to, and run nothing")
+            ->excludes(compileOnly);
+    ovmodel::RuleCoverage::AddOption(*command, options->coverage)->excludes(compileOnly)->excludes(dump);
     command->callback([options, &arguments, &status] {
         if (options->compileOnly) {
             std::vector<std::string> paths{options->script};
@@ -48,7 +57,8 @@ void AddRunCommand(CLI::App& app, const std::vector<std::string>& arguments, int
         } else if (options->dump) {
             status = ovmodel::DumpScript(options->script);
         } else {
-            status = ovmodel::RunScript(options->script, arguments, options->timeout);
+            status = ovmodel::WithCoverage(
+                options->coverage, [&] { return ovmodel::RunScript(options->script, arguments, options->timeout); });
         }
     });
 }
@@ -65,13 +75,28 @@ std::string UsageError(const CLI::App& app, const CLI::ParseError& error) {
     return "no command '" + unread.front() + "'" + (closest.empty() ? "" : "; did you mean '" + closest + "'?");
 }
 
+// Does what the arguments ask for.
+void Run(CLI::App& app, std::vector<std::string> arguments) {
+    std::ranges::reverse(arguments);  // the parser takes its words from the end
+    try {
+        app.parse(std::move(arguments));
+    } catch (const CLI::Success& success) {
+        app.exit(success);  // help is shown
+    }
+    ovmodel::StandardOutput::Flush();
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
+    // A write that fails is told as such, whatever is the reason.
+    signal(SIGPIPE, SIG_IGN);
+    signal(SIGXFSZ, SIG_IGN);
+    const ovmodel::StandardOutput output;
     CLI::App app("Reads device descriptors and drives the device models that they describe", "ovmodel");
     app.require_subcommand(1);
     app.set_version_flag("--version", "ovmodel " OV_MODEL_VERSION);
-    ovmodel::CommandLine line = ovmodel::SplitCommandLine(argc, argv);
+    const ovmodel::CommandLine line = ovmodel::SplitCommandLine(argc, argv);
     int status = 0;
     const ovmodel::UnloadAtEnd unload;
     try {
@@ -83,6 +108,7 @@ int main(int argc, char** argv) {
         ovmodel::AddGetCommand(app);
         ovmodel::AddSetCommand(app);
         ovmodel::AddExplainCommand(app, status);
+        ovmodel::AddGraphCommand(app);
         ovmodel::AddSaveCommand(app);
         ovmodel::AddLoadCommand(app);
         ovmodel::AddCompareCommand(app, status);
@@ -96,11 +122,8 @@ int main(int argc, char** argv) {
         ovmodel::AddShellCommand(app, status);
         AddRunCommand(app, line.script, status);
         ovmodel::AddCompletionWords(app);
-        std::ranges::reverse(line.own);  // the parser takes its words from the end
-        app.parse(line.own);
+        Run(app, line.own);
         return status;
-    } catch (const CLI::Success& success) {
-        return app.exit(success);
     } catch (const CLI::ParseError& error) {
         std::cerr << "ovmodel: " << UsageError(app, error) << " (see ovmodel --help)\n";
         return 2;

@@ -20,7 +20,7 @@ void Print(const Json& json) {
     std::cout << json.dump(2) << "\n";
 }
 
-void PrintTable(const std::vector<std::vector<std::string>>& rows) {
+std::string TableText(const std::vector<std::vector<std::string>>& rows) {
     std::vector<std::size_t> widths;
     for (const auto& row : rows) {
         widths.resize(std::max(widths.size(), row.size()));
@@ -28,14 +28,20 @@ void PrintTable(const std::vector<std::vector<std::string>>& rows) {
             widths[i] = std::max(widths[i], Width(row[i]));
         }
     }
+    std::string text;
     for (const auto& row : rows) {
         std::string line;
         for (std::size_t i = 0; i < row.size(); ++i) {
             line += row[i];
             if (i + 1 < row.size()) line.append(widths[i] - Width(row[i]) + 2, ' ');
         }
-        std::cout << line.substr(0, line.find_last_not_of(' ') + 1) << "\n";
+        text += line.substr(0, line.find_last_not_of(' ') + 1) + "\n";
     }
+    return text;
+}
+
+void PrintTable(const std::vector<std::vector<std::string>>& rows) {
+    std::cout << TableText(rows);
 }
 
 }  // namespace ovmodel

@@ -3,14 +3,13 @@
 #include <cctype>
 #include <cstring>
 #include <filesystem>
-#include <fstream>
 #include <iostream>
 #include <memory>
-#include <sstream>
 
 #include "ovmodel/command.h"
+#include "ovmodel/input_file.h"
+#include "ovmodel/output_file.h"
 #include "ovmodel/sqlite_handles.h"
-#include "ovmodel/unfinished_file.h"
 
 namespace ovmodel {
 
@@ -18,14 +17,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-std::string ReadWhole(const std::string& path) {
-    if (fs::is_directory(path)) throw Failure("'" + path + "' is a folder");
-    std::ifstream file(path, std::ios::binary);
-    if (!file) throw Failure("cannot read '" + path + "'");
-    std::ostringstream content;
-    content << file.rdbuf();
-    return content.str();
-}
+constexpr std::uint64_t kMostText = 1024 * kMebibyte;  // what one call of the engine may take
 
 Connection Create(const std::string& path, const std::string& target) {
     sqlite3* handle = nullptr;
@@ -89,11 +81,11 @@ private:
     std::string mSql;
 };
 
-void Pack(const std::string& source, const std::string& target, bool force) {
-    const std::string sql = ReadWhole(source);
-    if (sql.size() > std::size_t{1} << 30) throw Failure("'" + source + "' is too large");
+// Answers the size of the file.
+std::uintmax_t Pack(const std::string& source, const std::string& target, bool force) {
+    const std::string sql = ReadInput(source, kMostText);
     if (sql.find('\0') != std::string::npos) throw Failure("'" + source + "' is no SQL text");
-    UnfinishedFile file(target, force);
+    OutputFile file(target, force ? Existing::Replaced : Existing::Kept);
     {
         const Connection database = Create(file.path(), target);
         // One transaction, and no journal for a file that is thrown away on a failure.
@@ -102,8 +94,10 @@ void Pack(const std::string& source, const std::string& target, bool force) {
         if (sqlite3_get_autocommit(database.get()) == 0) throw Failure(source + ": a transaction is not committed");
         sqlite3_exec(database.get(), "PRAGMA journal_mode = DELETE", nullptr, nullptr, nullptr);
     }
-    if (!fs::exists(file.path()) || fs::file_size(file.path()) == 0) throw Failure("'" + source + "' makes no table");
+    const std::uintmax_t bytes = fs::file_size(file.path());
+    if (bytes == 0) throw Failure("'" + source + "' makes no table");
     file.Finish();
+    return bytes;
 }
 
 }  // namespace
@@ -122,8 +116,8 @@ void AddPackCommand(CLI::App& app) {
     command->add_flag("--force", options->force, "Replace the file if it exists");
     command->add_flag("--json", options->json, "Write JSON");
     command->callback([options] {
-        Pack(options->source, options->target, options->force);
-        const auto bytes = fs::file_size(options->target);
+        const std::uintmax_t bytes = Pack(options->source, options->target, options->force);
+        if (options->target == "-") return;
         if (options->json) {
             Print({{"file", options->target}, {"bytes", bytes}});
         } else {

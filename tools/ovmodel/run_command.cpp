@@ -1,14 +1,12 @@
 // ovmodel [options] run SCRIPT.vbs [arguments], run --compile-only FILE..., run --dump FILE
 #include "ovmodel/run_command.h"
 
-#include <filesystem>
-#include <fstream>
 #include <iostream>
-#include <sstream>
 
 #include "contract/enumerations.h"
 #include "ovmodel/command.h"
 #include "ovmodel/host/script_host_objects.h"
+#include "ovmodel/input_file.h"
 #include "platform/locale/code_page.h"
 #include "platform/script/script_control.h"
 #include "platform/script/script_listing.h"
@@ -18,6 +16,8 @@ namespace ovmodel {
 using ov::Text;
 
 namespace {
+
+constexpr std::uint64_t kMostScript = 64 * kMebibyte;  // more than the engine takes of one
 
 // UTF-8; a file that is none is from the days of the single-byte code page. UTF-16 files tell themselves by their mark.
 Text DecodeScript(std::string bytes) {
@@ -38,12 +38,7 @@ Text DecodeScript(std::string bytes) {
 }
 
 Text ReadScript(const std::string& path) {
-    if (std::filesystem::is_directory(path)) throw Failure("'" + path + "' is a folder");
-    std::ifstream file(path, std::ios::binary);
-    if (!file) throw Failure("cannot read '" + path + "'");
-    std::ostringstream content;
-    content << file.rdbuf();
-    return DecodeScript(content.str());
+    return DecodeScript(ReadInput(path, kMostScript));
 }
 
 void Publish(ov::ScriptControl& control, ScriptShell& shell) {
@@ -118,7 +113,7 @@ CommandLine SplitCommandLine(int argc, char** argv) {
     for (int i = 1; i < argc; ++i) {
         line.own.emplace_back(argv[i]);
         const std::string word = line.own.back();
-        const bool takesValue = word == "--locale" || word == "--timeout";
+        const bool takesValue = word == "--locale" || word == "--timeout" || word == "--coverage";
         if (takesValue && i + 1 < argc) line.own.emplace_back(argv[++i]);
         if (word.starts_with('-')) continue;
         if (!run && word != "run") {

@@ -1,11 +1,10 @@
 #include "ovmodel/saved_state.h"
 
 #include <cstdlib>
-#include <filesystem>
-#include <fstream>
 
+#include "ovmodel/input_file.h"
+#include "ovmodel/output_file.h"
 #include "ovmodel/parameter_path.h"
-#include "ovmodel/unfinished_file.h"
 
 namespace ovmodel {
 
@@ -16,6 +15,7 @@ namespace {
 
 constexpr const char* kContent = "OV_Model device values";
 constexpr int kVersion = 1;
+constexpr std::uint64_t kMostText = 256 * kMebibyte;
 constexpr int kMostRounds = 100;  // rules and actions may turn each other's values for ever
 constexpr const char16_t* kNoNumber = u"QNAN";
 
@@ -115,19 +115,14 @@ Json SaveState(ov::Module& module) {
 }
 
 void WriteStateFile(const std::string& path, const Json& state) {
-    UnfinishedFile file(path, true);
-    if (!(std::ofstream(file.path(), std::ios::binary) << state.dump(2) << "\n").flush()) {
-        throw Failure("cannot write '" + path + "'");
-    }
-    file.Finish();
+    WriteWhole(path, state.dump(2) + "\n");
 }
 
 Json ReadStateFile(const std::string& path) {
-    std::ifstream file(path, std::ios::binary);
-    if (!file || std::filesystem::is_directory(path)) throw Failure("cannot read '" + path + "'");
+    const std::string content = ReadInput(path, kMostText);
     Json state;
     try {
-        state = Json::parse(file);
+        state = Json::parse(content);
     } catch (const Json::exception& error) {
         throw Failure("'" + path + "' is no JSON: " + error.what());
     }

@@ -3,6 +3,7 @@
 #include <memory>
 #include <optional>
 
+#include "ovmodel/coverage/rule_coverage.h"
 #include "ovmodel/saved_state.h"
 #include "ovmodel/user_write.h"
 
@@ -13,7 +14,7 @@ namespace {
 using ov::Ref;
 
 struct Options {
-    std::string database, type, load, save;
+    std::string database, type, load, save, coverage;
     std::vector<std::string> writes;
     std::optional<std::int32_t> language;
     bool json = false;
@@ -27,7 +28,7 @@ Json Describe(const WriteResult& result) {
     return {{"path", result.path}, {"before", result.before}, {"after", result.after}, {"events", std::move(events)}};
 }
 
-void Run(const Options& options) {
+int Run(const Options& options) {
     const Ref<ov::Module> module = OpenDescriptor(options.database);
     const Ref<ov::CBase_Unload> guard = module->GetUnloadPointer();
     LoadType(*module, options.database, options.type);
@@ -50,6 +51,7 @@ void Run(const Options& options) {
     }
     if (options.json) Print(results);
     if (!options.save.empty()) WriteStateFile(options.save, SaveState(*module));
+    return 0;
 }
 
 }  // namespace
@@ -64,8 +66,9 @@ void AddSetCommand(CLI::App& app) {
     command->add_option("--language", options->language, "Language of the texts, by its decimal id (default 7)");
     command->add_option("--load", options->load, "Start from the values of this file, not from a fresh device");
     command->add_option("--save", options->save, "Write the values that the device has at the end to this file");
+    RuleCoverage::AddOption(*command, options->coverage);
     command->add_flag("--json", options->json, "Write a JSON array");
-    command->callback([options] { Run(*options); });
+    command->callback([options] { WithCoverage(options->coverage, [&] { return Run(*options); }); });
 }
 
 }  // namespace ovmodel

@@ -12,8 +12,8 @@
 
 #include "module/host.h"
 #include "ovmodel/command.h"
+#include "ovmodel/output_file.h"
 #include "ovmodel/sqlite_handles.h"
-#include "ovmodel/unfinished_file.h"
 #include "platform/automation/errors.h"
 
 namespace ovmodel {
@@ -209,6 +209,7 @@ public:
     explicit Source(const std::string& database) : mPath(database) {
         if (!fs::exists(database)) throw Failure("Could not find file '" + database + "'.");
         if (fs::is_directory(database)) throw Failure("'" + database + "' is a folder");
+        if (!fs::is_regular_file(database)) throw Failure("'" + database + "' is no regular file");
         if (IsSqlite(database)) return;
         std::string folder = (fs::temp_directory_path() / "ovmodel-XXXXXX").string();
         if (!mkdtemp(folder.data()))
@@ -250,7 +251,7 @@ std::size_t Unpack(const Source& source, const std::string& database, std::ostre
 }
 
 void UnpackToFile(const Source& source, const std::string& database, const std::string& target, bool force, bool json) {
-    UnfinishedFile file(target, force);
+    OutputFile file(target, force ? Existing::Replaced : Existing::Kept);
     std::size_t tables = 0;
     {
         std::ofstream out(file.path(), std::ios::binary);
@@ -260,6 +261,7 @@ void UnpackToFile(const Source& source, const std::string& database, const std::
         if (!out) throw Failure("cannot write '" + target + "'");
     }
     file.Finish();
+    if (file.isStandardOutput()) return;
     if (json) {
         Print({{"file", target}, {"tables", tables}, {"leftOut", source.losses()}});
     } else {

@@ -39,7 +39,7 @@ __all__ = ["eEditType", "eParameterConfigState", "eParameterAuthentification", "
            "CBase_ParamDependency", "IBase_CallbackParameter", "IBase_CallbackModule",
            "IBase_CallbackStation", "ISpec_ImExport", "CBase_Environment", "CBase_EnvironmentEvents",
            "CBase_ScriptingParameters", "CBase_ScriptingGroups", "CBase_ScriptingChannels",
-           "CBase_ScriptingTexts", "ICollection"]
+           "CBase_ScriptingTexts", "IExplain_Read", "IExplain_Rule", "IExplain_Parameter", "ICollection"]
 
 
 class eEditType(enum.IntEnum):
@@ -1332,6 +1332,86 @@ class CBase_ScriptingTexts(Protocol):
 
     def text(self, idx: int, /) -> str:
         """The default member: text number idx of the descriptor in the module's language."""
+
+
+class IExplain_Read(Protocol):
+    """Something that a rule has read: the value and state of a parameter, or a variable of the environment."""
+
+    def path(self) -> str:
+        """The parameter's path "CHANNEL/GROUP/PARAMETER", or `ENV.Variable("KEY")`."""
+
+    def name(self) -> str:
+        """The parameter's name; "" for a variable."""
+
+    def value(self) -> Any:
+        """The value of now, as the rule sees it."""
+
+    def shown(self) -> str:
+        """The same as a user sees it."""
+
+    def parameter(self) -> IBase_GuiParameter:
+        """Nothing for a variable."""
+
+
+class IExplain_Rule(Protocol):
+    """One rule: a text in a column of a row."""
+
+    def path(self) -> str:
+        """Of the parameter whose rule it is."""
+
+    def column(self) -> str:
+        """"dependency", "realGain", "realOffset", "Min", "Max", "consistency", ..."""
+
+    def row(self) -> int:
+        """The key `idx` of the row in the table Parameters."""
+
+    def text(self) -> str:
+        """As it stands in the row, with its prefix."""
+
+    def isInForce(self) -> bool:
+        """Whether the parameter has this row now."""
+
+    def hasRun(self) -> bool:
+        """Whether it has ever been evaluated."""
+
+    def result(self) -> Any:
+        """What it came to last; Empty if it failed or has not run."""
+
+    def volatility(self) -> str:
+        """Why a sweep evaluates it anew each time though nothing that it read has changed, in a few words; "" if it
+        does not."""
+
+    def reads(self) -> ICollection:
+        """What the last evaluation read, in its order: IExplain_Read."""
+
+
+class IExplain_Parameter(Protocol):
+    """A facet of every parameter."""
+
+    def path(self) -> str:
+        """"CHANNEL/GROUP/PARAMETER"; "" once the parameter has left its tree."""
+
+    def writtenBy(self) -> str:
+        """Who wrote the value last: "default", "user", "engine" or "rule"."""
+
+    def rules(self) -> ICollection:
+        """The rules of all rows that the parameter may take, by `dependency`, then the other rules of the row in force:
+        IExplain_Rule."""
+
+    def readers(self) -> ICollection:
+        """The rules of other parameters, and its own, whose last evaluation read this parameter: IExplain_Rule."""
+
+    def refusal(self) -> str:
+        """Why the last edit of a user was refused, if it was one of this parameter; else ""."""
+
+    def refusedBy(self) -> str:
+        """The column whose rule or limit refused it: "Min", "Max", "consistency"; "" for a text that is no value, and
+        where nothing was refused."""
+
+    def remedies(self) -> ICollection:
+        """What would put the parameter in force: the listed values of the parameters that its rules read, each tried
+        alone in a copy of the device: IExplain_Read with the value that helps. Empty where none does, and for a
+        parameter in force."""
 
 
 class ICollection(Protocol):

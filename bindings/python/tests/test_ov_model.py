@@ -242,7 +242,7 @@ class PackageTest(unittest.TestCase):
         seen = 0
         for name in contract.__all__:
             hints = getattr(contract, name)
-            if not (isinstance(hints, type) and name.startswith(("CBase_", "IBase_"))):
+            if not (isinstance(hints, type) and name.startswith(("CBase_", "IBase_", "IExplain_P"))):
                 continue
             for class_name in [name, "CBase_Module", "CBase_Channel", "CBase_Group", "CBase_Block",
                                "CBase_ParameterInt", "CBase_ParameterString"]:

@@ -33,13 +33,19 @@ private:
 /// Writes all of @p bytes. @returns false, with errno, if that fails.
 bool WriteAll(int file, std::string_view bytes) noexcept;
 
-/// A file under a temporary name in the folder of its target, which it replaces at Commit. Without a Commit it goes.
+/// A file whose content appears whole or not at all: it is written under a temporary name and takes its place at
+/// Commit. Without a Commit it goes.
 ///
-/// A target that is a symbolic link is followed, so that what it points at is replaced.
+/// Symbolic links are followed to their end, so that what they point at is written. A regular file is replaced, and
+/// hands on its owner and its permissions. What is no regular file, such as a pipe, a terminal or a device, is never
+/// replaced: the content is written to it.
 class AtomicFile {
 public:
-    /// @p mode are the permission bits; those that the user's mask excludes are left out. Check with ok().
+    /// @p mode are the permission bits of a new file; those that the user's mask excludes are left out. Check with
+    /// ok().
     AtomicFile(const std::string& target, mode_t mode);
+    /// Writes to a file that is open, such as standard output. It stays open.
+    explicit AtomicFile(int openFile);
     AtomicFile(const AtomicFile&) = delete;
     AtomicFile& operator=(const AtomicFile&) = delete;
     ~AtomicFile();
@@ -47,14 +53,24 @@ public:
     /// False, with errno, if the file could not be made.
     bool ok() const noexcept { return static_cast<bool>(mFile); }
     int get() const noexcept { return mFile.get(); }
-    /// Gives the file its name. @returns false, with errno, if that fails: EEXIST if there is a file of the name and
-    /// @p replace is false.
+    /// Where it is written, for those who write by name.
+    const std::string& path() const noexcept { return mTemporary; }
+    /// Whether there is a regular file that Commit would replace.
+    bool WouldReplace() const noexcept { return mWouldReplace; }
+    /// Puts the content in its place, and on the disk. @returns false, with errno, if that fails: EEXIST if there is a
+    /// file of the name and @p replace is false.
     bool Commit(bool replace) noexcept;
 
 private:
+    void MakeTemporary(const std::string& folder, mode_t mode);
+    bool Rename(bool replace) noexcept;
+    bool CopyToReceiver() noexcept;
+
     std::string mTarget;
     std::string mTemporary;
     FileDescriptor mFile;
+    FileDescriptor mReceiver;  // of a content that replaces nothing
+    bool mWouldReplace = false;
 };
 
 }  // namespace ov

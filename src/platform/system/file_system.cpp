@@ -3,14 +3,12 @@
 #include <errno.h>
 #include <fcntl.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
 #include <algorithm>
-#include <limits>
-#include <vector>
 
 #include "platform/automation/errors.h"
 #include "platform/system/atomic_file.h"
+#include "platform/system/input_file.h"
 
 namespace ov::file_system {
 
@@ -84,26 +82,6 @@ std::string CheckedPath(const Text& path) {
     }
 }
 
-// Reads up to the size of `buffer`. @returns the number of bytes, 0 at the end, negative with errno at a failure.
-ssize_t ReadSome(int file, std::vector<char>& buffer) {
-    ssize_t count = 0;
-    do {
-        count = read(file, buffer.data(), buffer.size());
-    } while (count < 0 && errno == EINTR);
-    return count;
-}
-
-bool CopyContent(int from, int to) {
-    std::vector<char> buffer(std::size_t{256} * 1024);
-    for (;;) {
-        const ssize_t count = ReadSome(from, buffer);
-        if (count <= 0) return count == 0;
-        if (!WriteAll(to, {buffer.data(), static_cast<std::size_t>(count)})) return false;
-    }
-}
-
-constexpr mode_t kPermissionBits = 0777;
-
 }  // namespace
 
 Text BuildPath(const Text& folder, const Text& name) {
@@ -159,37 +137,9 @@ bool IsAbsolute(const Text& path) {
     return RootLength(path) > 0;
 }
 
-std::optional<std::int64_t> DateLastModified(const Text& path) {
-    const std::optional<Status> status = StatusOf(NativePath(path));
-    if (!status || !S_ISREG(status->st_mode)) return std::nullopt;
-    // Nanoseconds in 64 bits end in the year 2262; a file system may hold any year.
-    constexpr std::int64_t kSecond = 1'000'000'000;
-    constexpr std::int64_t kMaxSeconds = std::numeric_limits<std::int64_t>::max() / kSecond - 1;
-    return std::clamp(std::int64_t{status->st_mtim.tv_sec}, -kMaxSeconds, kMaxSeconds) * kSecond +
-           status->st_mtim.tv_nsec;
-}
-
-void CopyFile(const Text& from, const Text& to, bool overwrite) {
-    const std::string source = CheckedPath(from);
-    const std::string target = CheckedPath(to);
-    // Without O_NONBLOCK a named pipe would be waited for before it can be refused.
-    const FileDescriptor input(open(source.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
-    Status status{};
-    if (!input || fstat(input.get(), &status) != 0) RaiseSystemError(ErrorNumber::FileNotFound);
-    if (!S_ISREG(status.st_mode)) Raise(ErrorNumber::FileNotFound);
-
-    AtomicFile copy(target, status.st_mode & kPermissionBits);
-    const timespec times[2] = {{0, UTIME_OMIT}, status.st_mtim};
-    // The time is set last, since writing changes it.
-    if (!copy.ok() || !CopyContent(input.get(), copy.get()) || futimens(copy.get(), times) != 0 ||
-        !copy.Commit(overwrite)) {
-        RaiseSystemError(ErrorNumber::PathNotFound);
-    }
-}
-
 void CreateFolder(const Text& path) {
     const std::string native = CheckedPath(path);
-    if (mkdir(native.c_str(), kPermissionBits) == 0) return;
+    if (mkdir(native.c_str(), 0777) == 0) return;
     if (errno == EEXIST) {
         if (!FolderExists(path)) Raise(ErrorNumber::PathFileAccessError);
         return;
@@ -198,15 +148,11 @@ void CreateFolder(const Text& path) {
 }
 
 std::string ReadFile(const Text& path) {
-    const FileDescriptor file(open(CheckedPath(path).c_str(), O_RDONLY | O_CLOEXEC));
-    if (!file) RaiseSystemError(ErrorNumber::FileNotFound);
-    std::string bytes;
-    std::vector<char> buffer(std::size_t{64} * 1024);
-    for (;;) {
-        const ssize_t count = ReadSome(file.get(), buffer);
-        if (count < 0) RaiseSystemError(ErrorNumber::FileNotFound);
-        if (count == 0) return bytes;
-        bytes.append(buffer.data(), static_cast<std::size_t>(count));
+    try {
+        return InputFile(CheckedPath(path)).Read(kMostBytesRead);
+    } catch (const InputError& error) {
+        errno = error.error();
+        RaiseSystemError(ErrorNumber::FileNotFound);
     }
 }
 
@@ -217,13 +163,8 @@ void WriteFile(const Text& path, const std::string& bytes, bool append) {
 }
 
 void ReplaceFile(const Text& path, const std::string& bytes) {
-    const std::string native = CheckedPath(path);
-    const std::optional<Status> former = StatusOf(native);
-    AtomicFile file(native, 0666);
-    if (!file.ok() || !WriteAll(file.get(), bytes) ||
-        (former && fchmod(file.get(), former->st_mode & kPermissionBits) != 0) || !file.Commit(true)) {
-        RaiseSystemError(ErrorNumber::PathNotFound);
-    }
+    AtomicFile file(CheckedPath(path), 0666);
+    if (!file.ok() || !WriteAll(file.get(), bytes) || !file.Commit(true)) RaiseSystemError(ErrorNumber::PathNotFound);
 }
 
 std::string NativePath(const Text& path) {

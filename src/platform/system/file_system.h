@@ -30,15 +30,14 @@ bool FileExists(const Text& path);
 bool FolderExists(const Text& path);
 /// True for the two forms "/..." and "X:\..." that do not depend on the current folder.
 bool IsAbsolute(const Text& path);
-/// Time of the last change in nanoseconds since 1970, or nullopt if there is no such file.
-std::optional<std::int64_t> DateLastModified(const Text& path);
-/// Copies a file with its time of last change. The copy appears whole or not at all, also to other processes.
-/// @throws RuntimeError 53, 58 (exists, and @p overwrite is false), 70, 75 or 76 (no such target folder).
-void CopyFile(const Text& from, const Text& to, bool overwrite);
 /// Makes one folder; no error if it is there already. @throws RuntimeError 70, 75 or 76.
 void CreateFolder(const Text& path);
 
-/// The bytes of a file. @throws RuntimeError 53 (no such file), 70 or 75.
+/// Most bytes that ReadFile reads.
+inline constexpr std::uint64_t kMostBytesRead = std::uint64_t{16} << 20;
+
+/// The bytes of a regular file. @throws RuntimeError 53 (no such file), 70 or 75, the last one also for what is no
+/// regular file, which is not waited for, and for one that is too large.
 std::string ReadFile(const Text& path);
 /// Writes @p bytes behind the end of the file, or instead of its content if @p append is false.
 /// @throws RuntimeError 70, 75 or 76.

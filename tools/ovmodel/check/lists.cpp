@@ -2,7 +2,7 @@
 #include <map>
 
 #include "ovmodel/check/inspection.h"
-#include "ovmodel/check/parameter_words.h"
+#include "ovmodel/descriptor/parameter_words.h"
 #include "platform/automation/conversions.h"
 #include "platform/automation/errors.h"
 

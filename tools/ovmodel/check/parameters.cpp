@@ -6,9 +6,9 @@
 #include <set>
 
 #include "ovmodel/check/inspection.h"
-#include "ovmodel/check/parameter_words.h"
 #include "ovmodel/check/subtype_words.h"
 #include "ovmodel/command.h"
+#include "ovmodel/descriptor/parameter_words.h"
 #include "platform/automation/conversions.h"
 #include "platform/automation/errors.h"
 

@@ -5,8 +5,8 @@
 #include <set>
 
 #include "ovmodel/check/inspection.h"
-#include "ovmodel/check/parameter_words.h"
 #include "ovmodel/check/rule_names.h"
+#include "ovmodel/descriptor/rule_texts.h"
 #include "platform/automation/conversions.h"
 #include "platform/script/script_control.h"
 
@@ -16,58 +16,6 @@ namespace {
 
 using ov::ScriptForm;
 using ov::Text;
-
-/// How a column is read, which decides what is a script where texts have no prefixes.
-enum class Reader {
-    Number,     ///< a script if it does not read as a number
-    Truth,      ///< a script if it reads neither as a number nor as True or False
-    Rule,       ///< always a script
-    String,     ///< a script if it holds a call: open bracket, double quote
-    Statement,  ///< always statements, in any generation
-};
-
-bool HoldsPrefix(std::u16string_view text) {
-    return text.starts_with(u"#:") || text.starts_with(u"!:");
-}
-
-bool IsTruthWord(const Text& text) {
-    return ov::EqualNoCase(text, u"True") || ov::EqualNoCase(text, u"False") || ov::IsNumeric(text);
-}
-
-bool IsNumberWord(const Text& text) {
-    return ov::IsNumeric(text) || text == u"QNAN";
-}
-
-// Whether a text without prefix is what it should be by itself.
-bool IsLiteral(Reader reader, const Text& text) {
-    switch (reader) {
-        case Reader::Number:
-            return IsNumberWord(text);
-        case Reader::Truth:
-        case Reader::Rule:
-            return IsTruthWord(text);
-        case Reader::String:
-            return true;
-        case Reader::Statement:
-            break;
-    }
-    return false;
-}
-
-bool IsScriptByShape(Reader reader, const Text& text) {
-    switch (reader) {
-        case Reader::Number:
-            return !IsNumberWord(text);
-        case Reader::Truth:
-            return !IsTruthWord(text);
-        case Reader::String:
-            return text.view().find(u"(\"") != std::u16string_view::npos;
-        case Reader::Rule:
-        case Reader::Statement:
-            break;
-    }
-    return true;
-}
 
 // A text that only makes sense as a script: it compiles, and calls something that is published.
 bool LooksLikeRule(const Text& text) {
@@ -165,7 +113,7 @@ private:
                             Quoted(text) +
                                 " has a prefix of generation 1, and the descriptor is of generation 0: it "
                                 "has no row 'ModelVersionIndex' of 1 or more in DatabaseProperties");
-        } else if (IsScriptByShape(reader, text)) {
+        } else if (IsScript(reader, text, false)) {
             CheckScript(row, column, text, 0, ScriptForm::Expression, scope);
         }
     }
@@ -208,15 +156,9 @@ private:
             const ParameterWord* word = FindParameterWord(row.TextOf(u"Type"));
             if (!word) continue;
             CheckText(row, filter, Reader::Truth, scope);
-            CheckText(row, u"dependency", Reader::Truth, scope);
-            CheckText(row, u"consistency", Reader::Rule, scope);
-            CheckText(row, u"Min", Reader::Number, scope);
-            CheckText(row, u"Max", Reader::Number, scope);
-            CheckText(row, u"DefaultValue", word->isText ? Reader::String : Reader::Number, scope);
-            if (word->isText) continue;
-            CheckText(row, u"realGain", Reader::Number, scope);
-            CheckText(row, u"realOffset", Reader::Number, scope);
-            if (word->kind == ParameterWord::Float) CheckText(row, u"displayFormat", Reader::String, scope);
+            for (const RuleCell& cell : RuleCellsOf(*word)) {
+                CheckText(row, ov::ColumnName(cell.column), cell.reader, scope);
+            }
         }
     }
 

@@ -1,6 +1,7 @@
 #include "ovmodel/host/text_stream.h"
 
 #include <array>
+#include <iostream>
 #include <istream>
 #include <iterator>
 #include <ostream>
@@ -61,13 +62,20 @@ public:
     static constexpr const char* kClassName = "TextStream";
 
     explicit OutputStream(std::ostream& stream) : mStream(stream) {}
-    void Write(const Text& text) override { mStream << text.ToUtf8(); }
-    void WriteLine(const std::optional<Text>& text) override { mStream << text.value_or(Text()).ToUtf8() << '\n'; }
+    void Write(const Text& text) override { Put(text.ToUtf8()); }
+    void WriteLine(const std::optional<Text>& text) override { Put(text.value_or(Text()).ToUtf8() + '\n'); }
     Text ReadLine() override { Fail(kBadFileMode); }
     Text ReadAll() override { Fail(kBadFileMode); }
     bool AtEndOfStream() override { Fail(kBadFileMode); }
 
 private:
+    // Each text leaves the process at once: it is there whatever ends the process later. Nobody hears a script whose
+    // standard output is gone.
+    void Put(const std::string& text) {
+        mStream << text << std::flush;
+        if (!mStream && &mStream == &std::cout) throw ScriptQuit(2);
+    }
+
     std::ostream& mStream;
 };
 

@@ -1,14 +1,13 @@
 #include "ovmodel/shell/shell.h"
 
 #include <algorithm>
-#include <fstream>
 #include <functional>
 #include <iostream>
 #include <sstream>
 
 #include "module/host.h"
+#include "ovmodel/output_file.h"
 #include "ovmodel/saved_state.h"
-#include "ovmodel/unfinished_file.h"
 #include "platform/automation/conversions.h"
 
 namespace ovmodel {
@@ -217,9 +216,7 @@ void Shell::Image(const std::string& arguments) {
         std::cout << image << "\n";
         return;
     }
-    UnfinishedFile file(words[1], true);
-    std::ofstream(file.path()) << image << "\n";
-    file.Finish();
+    WriteWhole(words[1], image + "\n");
 }
 
 void Shell::Save(const std::string& arguments) {

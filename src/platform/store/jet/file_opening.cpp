@@ -19,7 +19,7 @@ namespace {
 /// A file that is read. Closed at the end, and with it the lock.
 class OpenedFile {
 public:
-    explicit OpenedFile(const std::string& path) : mDescriptor(open(path.c_str(), O_RDONLY | O_CLOEXEC)) {
+    explicit OpenedFile(const std::string& path) : mDescriptor(open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC)) {
         if (mDescriptor < 0) Raise(ErrorNumber::CouldNotLockFile);
     }
     OpenedFile(const OpenedFile&) = delete;

@@ -54,9 +54,10 @@ void Channel::ReadGroups() {
     mGroups->KeepRecord(mRecord);
     mGuiGroups->KeepRecord(mRecord);
     if (!mModule || !mScriptHost) Raise(ErrorNumber::ObjectVariableNotSet);
-    mSwept.emplace(mRecord, [](IBase_SpecGroup& spec, Workload& work, std::size_t position) {
-        if (auto* group = dynamic_cast<Group*>(&spec)) group->StandBelow(work, position);
-    });
+    mSwept = std::make_shared<SweptList<IBase_SpecGroup>>(
+        mRecord, [](IBase_SpecGroup& spec, Workload& work, std::size_t position) {
+            if (auto* group = dynamic_cast<Group*>(&spec)) group->StandBelow(work, position);
+        });
     mScriptHost->BindChannel(this);
     const Ref<Database> db = mServices->GetDB();
     if (!db) Raise(ErrorNumber::ObjectVariableNotSet);
@@ -204,15 +205,16 @@ void Channel::CheckConsistencyAll() {
 // A group in which nothing is left to do is passed over until something is.
 template <class Visit>
 void Channel::SweepGroups(WorkSet Workload::*set, Visit visit) {
-    if (!mSwept) return;
-    mSwept->Sweep(mGroups->Underlying(), set, [&](IBase_SpecGroup& spec, std::size_t position) {
+    const auto swept = mSwept;  // a visit may have the groups read anew
+    if (!swept) return;
+    swept->Sweep(mGroups->Underlying(), set, [&](IBase_SpecGroup& spec, std::size_t position) {
         auto* group = dynamic_cast<Group*>(&spec);
         if (!group) return;
         visit(*group);
         const Workload* work = group->Work();
-        if (!mSwept || !group->StandsBelow(mSwept->Work(), position) || (work && (work->*set).HasWork())) return;
+        if (!group->StandsBelow(swept->Work(), position) || (work && (work->*set).HasWork())) return;
         const std::uint64_t evaluations = work ? (work->*set).Evaluations() : 0;
-        (mSwept->Work().*set).SetDone(position, static_cast<std::uint32_t>(evaluations));
+        (swept->Work().*set).SetDone(position, static_cast<std::uint32_t>(evaluations));
     });
 }
 

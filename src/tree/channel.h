@@ -132,7 +132,7 @@ private:
     CallbackList<IBase_CallbackParameter> mCallbacks;
     bool mScriptAccess = false;
     std::shared_ptr<RuleRecord> mRecord;
-    std::optional<SweptList<IBase_SpecGroup>> mSwept;  // with mGroups
+    std::shared_ptr<SweptList<IBase_SpecGroup>> mSwept;  // with mGroups; whoever sweeps keeps it
     Ref<IBase_GuiParameter> mMainValue;
     Text mMainValueText;
 };

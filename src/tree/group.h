@@ -194,8 +194,8 @@ private:
     Ref<Collection> mDesc;
     bool mScriptAccess = false;
     std::shared_ptr<RuleRecord> mRecord;
-    std::optional<SweptList<IBase_Internal>> mSwept;  // with mParameters
-    Workload* mChannelWork = nullptr;                 // of the record
+    std::shared_ptr<SweptList<IBase_Internal>> mSwept;  // with mParameters; whoever sweeps keeps it
+    Workload* mChannelWork = nullptr;                   // of the record
     std::size_t mChannelPosition = 0;
     Ref<Collection> mScripts;        // Nothing until first needed
     Ref<Collection> mScriptResults;  // dropped at the start and the end of every pass

@@ -74,15 +74,17 @@ void Group::UpdateDependencies() {
 
 void Group::CheckConsistencyAll() {
     if (!mParameters) return;
-    mSwept->Sweep(mParameters->Underlying(), &Workload::check,
-                  [](IBase_Internal& parameter, std::size_t) { parameter.CheckConsistency(); });
+    const auto swept = mSwept;  // a visit may have the parameters read anew
+    swept->Sweep(mParameters->Underlying(), &Workload::check,
+                 [](IBase_Internal& parameter, std::size_t) { parameter.CheckConsistency(); });
 }
 
 bool Group::ReconfigurationPass() {
     bool any = false;
     mScriptResults = nullptr;
     if (!mParameters) return false;  // a group that was never opened takes no part
-    mSwept->Sweep(mParameters->Underlying(), &Workload::pass, [&](IBase_Internal& parameter, std::size_t) {
+    const auto swept = mSwept;       // as above
+    swept->Sweep(mParameters->Underlying(), &Workload::pass, [&](IBase_Internal& parameter, std::size_t) {
         RuledParameter ruled(parameter);
         StepRun step(ruled.Trace(), &Workload::pass);
         RunRules(ruled, any);

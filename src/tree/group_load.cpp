@@ -58,9 +58,10 @@ void Group::ReadParameters() {
     mParameters->SetUnderlying(mGuiParameters->Underlying());
     mGuiParameters->KeepRecord(mRecord);
     mParameters->KeepRecord(mRecord);
-    mSwept.emplace(mRecord, [](IBase_Internal& parameter, Workload& work, std::size_t position) {
-        if (ov::Parameter* own = ov::Parameter::Of(parameter)) own->Trace().StandAt(&work, position);
-    });
+    mSwept = std::make_shared<SweptList<IBase_Internal>>(
+        mRecord, [](IBase_Internal& parameter, Workload& work, std::size_t position) {
+            if (ov::Parameter* own = ov::Parameter::Of(parameter)) own->Trace().StandAt(&work, position);
+        });
     if (mChannelWork) mSwept->Work().StandBelow(mChannelWork, mChannelPosition);
     const Ref<ModuleServices> module = Module();
     const Ref<Database> db = module ? module->GetDB() : nullptr;

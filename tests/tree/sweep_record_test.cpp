@@ -181,7 +181,10 @@ private:
 /// Milliseconds that one operation may take. Rules that write run sweeps within sweeps, which a descriptor can make
 /// endless: they end by the time of a script, and so not at the same place on both sides. A device where that happens
 /// is given up.
-constexpr std::int32_t kPatience = 200;
+std::int32_t Patience() {
+    static const char* const wanted = std::getenv("OV_MODEL_SWEEP_PATIENCE");
+    return wanted ? std::atoi(wanted) : 200;
+}
 
 /// One of the two modules, with what it has told.
 class Side {
@@ -217,9 +220,11 @@ public:
         return told + "evaluations " + std::to_string(GlobalDiagnostics().debugCountEval);
     }
     Ref<IBase_SpecChannel> Channel(int group) {
-        return mModule->Spec()->channels()->get_Item(group == 3 ? u"2" : u"1");
+        return Known(Known(mModule->Spec()->channels())->get_Item(group == 3 ? u"2" : u"1"));
     }
-    Ref<IBase_SpecGroup> Group(int group) { return Channel(group)->groups()->get_Item(group == 2 ? u"2" : u"1"); }
+    Ref<IBase_SpecGroup> Group(int group) {
+        return Known(Known(Channel(group)->groups())->get_Item(group == 2 ? u"2" : u"1"));
+    }
     Ref<IBase_SpecParameter> Parameter(int id) {
         const auto parameters = Group(GroupOf(id))->parameters();
         const auto parameter = parameters ? parameters->get_Item(Text::FromInteger(id)) : nullptr;
@@ -233,6 +238,7 @@ public:
     std::string State() {
         const Watch watch(*this);
         std::string state;
+        if (!mModule->Spec()->channels()) return state;
         for (int group = 1; group <= 3; ++group) {
             state += "group " + std::to_string(Group(group)->scriptAccess()) +
                      std::to_string(Channel(group)->scriptAccess());
@@ -251,6 +257,12 @@ public:
     std::uint64_t LeftOut() { return mModule->Record()->StepsLeftOut(); }
 
 private:
+    // What a part of the tree that could not be loaded lacks is an error of the host's.
+    template <class T>
+    static Ref<T> Known(Ref<T> object) {
+        if (!object) Raise(ErrorNumber::ObjectVariableNotSet);
+        return object;
+    }
     // Bounds what is done while it lives.
     class Watch {
     public:
@@ -259,7 +271,7 @@ private:
 
     private:
         Side& mSide;
-        Deadline mDeadline{kPatience};
+        Deadline mDeadline{Patience()};
     };
 
     static std::string StateOf(IBase_SpecParameter& spec) {

@@ -21,8 +21,8 @@ bool Parameter::TakeRow(const Ref<ParameterOwner>& owner, const Ref<Collection>&
     if (IsAlone() && row != mData) Ring();  // which keeps the row that goes
     mData = row;
     mFacts = {};
+    mTrace.Enter(owner->Record(), Identity());  // while the group that it leaves still holds the former record
     mGroup = owner;
-    mTrace.Enter(owner->Record(), Identity());
     mTrace.ForgetRow();
     mTrace.NoteReconfiguration();
     mGroupEvents = facet<IBase_CallbackParameter>(owner).get();

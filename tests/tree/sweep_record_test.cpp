@@ -183,7 +183,7 @@ private:
 /// is given up.
 std::int32_t Patience() {
     static const char* const wanted = std::getenv("OV_MODEL_SWEEP_PATIENCE");
-    return wanted ? std::atoi(wanted) : 200;
+    return wanted ? std::atoi(wanted) : 5000;
 }
 
 /// One of the two modules, with what it has told.
@@ -366,6 +366,7 @@ std::function<void(Side&)> RandomAction(Dice& dice) {
         case 15:
             return [=](Side& side) {
                 const auto list = side.Group(group)->parameters();
+                if (!list) Raise(ErrorNumber::ObjectVariableNotSet);
                 if (side.mTaken) {
                     list->Add(side.mTaken.get(), ToText(side.mTaken->id()));
                     side.mTaken = nullptr;

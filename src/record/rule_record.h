@@ -37,6 +37,8 @@ class RuleRecord;
 /// The steps of the parameters of one group, or the groups of one channel: those of a pass over the rules, and those of
 /// the check behind the last pass.
 struct Workload {
+    explicit Workload(const RuleRecord* ofTree) noexcept : record(ofTree) {}
+
     const RuleRecord* record;  ///< of the tree
     WorkSet pass, check;
     std::uint64_t epoch = 0;      ///< the record's when the sets were made; 0 before

@@ -8,6 +8,7 @@
 #include <cstdlib>
 #include <memory>
 #include <optional>
+#include <utility>
 #include <vector>
 
 #include "platform/automation/collection.h"
@@ -44,9 +45,9 @@ public:
     /// meanwhile: then all elements behind the place reached are visited, as a walk through the list would.
     /// Counts what is left out as evaluated. @throws what @p visit raises; what lies behind it stays to do
     template <class Visit>
-    void Sweep(const Ref<Collection>& swept, WorkSet Workload::*set, Visit visit) {
+    void Sweep(Ref<Collection> swept, WorkSet Workload::*set, Visit visit) {
         const std::shared_ptr<RuleRecord> record = mRecord;  // a visit may end the tree
-        const Ref<Collection> list = swept;                  // and let the list go
+        const Ref<Collection> list = std::move(swept);       // and let the list go
         if (ValueOnTrial::IsUnderWay()) record->ForgetAll();
         Settle(*list);
         const std::uint32_t changes = mChanges;

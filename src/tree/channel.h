@@ -56,7 +56,7 @@ public:
     void OnFinalRelease() noexcept { Unload(); }
 
     // What module and groups use.
-    /// Takes the current row of @p desc. @throws RuntimeError for a row that cannot be read
+    /// Takes @p row of the table Channels. @throws RuntimeError for a cell of the wrong kind
     void Config(IBase_SpecModule* module, const Ref<const ov::Row>& row);
     bool LoadGroups();
     /// The value of a text that may be a script, by the generation of the descriptor; Empty for one that fails.
